@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "calendars/CalendarOption.h"
+
+#include "core/StrictJson.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+QJsonObject CalendarOption::toJson() const
+{
+    return {{"id"_L1, id}, {"name"_L1, name}, {"account"_L1, account}};
+}
+
+Result<CalendarOption> CalendarOption::fromJson(const QJsonObject &object)
+{
+    StrictJson json(object);
+    CalendarOption option{
+        .id = json.string("id"_L1),
+        .name = json.string("name"_L1),
+        .account = json.string("account"_L1),
+    };
+    if (json.failure())
+        return Failure(json.failure());
+    return option;
+}
+
+} // namespace quorvane

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "calendars/CalendarStore.h"
+#include "core/Meeting.h"
+
+#include <QHash>
+
+#include <memory>
+#include <vector>
+
+namespace quorvane {
+
+/// Whether calendars may be read. On this platform nobody asks for permission, so the answer is what the
+/// stores do: `notDetermined` before any was asked, `denied` while none has ever answered, `fullAccess` once
+/// one has. `restricted` is never given; it keeps the numbers of the other cases.
+enum class AuthorizationStatus { notDetermined = 0, restricted = 1, denied = 2, fullAccess = 3 };
+
+/// A store that did not answer the last time.
+struct StoreProblem
+{
+    QString store;
+    std::error_code error;
+
+    bool operator==(const StoreProblem &) const = default;
+};
+
+/// Reads the timed events of all calendar stores and turns them into meetings. A store or calendar that fails
+/// costs a line in `problems`; what it said before still holds. Main thread only; no operation overlaps
+/// another of its kind.
+class CalendarReader final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CalendarReader(std::vector<std::unique_ptr<CalendarStore>> stores, QObject *parent = nullptr);
+    ~CalendarReader() override;
+
+    [[nodiscard]] AuthorizationStatus authorizationStatus() const;
+
+    /// Asks the stores anew. True when one of them answers, false when none is there; fails with the error of
+    /// a store that is there and does not answer.
+    [[nodiscard]] QCoro::Task<Result<bool>> requestAccess();
+
+    /// All calendars of all stores by name (the user's locale, case aside), excluded ones too. Empty without
+    /// access.
+    [[nodiscard]] QCoro::Task<std::vector<CalendarOption>> calendars();
+
+    /// The meetings from two minutes before `now` (Unix time, seconds) to 14 days after it, in the calendars
+    /// found by the last `calendars` whose identifiers are not in `excluded`. Empty without access.
+    [[nodiscard]] QCoro::Task<std::vector<Meeting>> events(double now, QStringList excluded);
+
+    /// The stores whose last answer was missing or incomplete, leaving out those that are simply not
+    /// installed.
+    [[nodiscard]] std::vector<StoreProblem> problems() const;
+
+Q_SIGNALS:
+    /// A calendar changed. May come in bursts.
+    void changed();
+
+private:
+    struct Source;
+    using Wanted = std::vector<QStringList>;
+
+    [[nodiscard]] Wanted wantedCalendars(const QStringList &excluded) const;
+    [[nodiscard]] std::vector<CalendarEvent> heldEvents(const Wanted &wanted) const;
+
+    std::vector<std::unique_ptr<Source>> m_sources;
+};
+
+} // namespace quorvane

@@ -1,0 +1,19 @@
+# SPDX-FileCopyrightText: 2026 The Quorvane authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# The language, the warnings and the definitions that every target of ours shares, as one interface target.
+add_library(quorvane_settings INTERFACE)
+target_compile_features(quorvane_settings INTERFACE cxx_std_20)
+target_compile_options(quorvane_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)
+target_compile_definitions(quorvane_settings INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+set(QUORVANE_SANITIZE "" CACHE STRING "Sanitizers for every target, e.g. address,undefined")
+if(QUORVANE_SANITIZE)
+  target_compile_options(quorvane_settings INTERFACE
+    -fsanitize=${QUORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quorvane_settings INTERFACE -fsanitize=${QUORVANE_SANITIZE})
+endif()

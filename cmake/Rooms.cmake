@@ -1,0 +1,48 @@
+# SPDX-FileCopyrightText: 2026 The Quorvane authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# The rooms of the house and who may use whom. This table is the only place where it is written down:
+# configuring fails on a link that goes against it, tests/layers.py fails on such an include.
+set(QUORVANE_ROOMS
+  "core:"
+  "ui/format:core"
+  "calendars:core"
+  "calendars/linux:core calendars"
+  "alert:core ui/format"
+  "alert/linux:core ui/format alert"
+  "model:core ui/format calendars alert"
+  "model/linux:core ui/format calendars alert model"
+  "app:core ui/format calendars calendars/linux alert alert/linux model model/linux")
+
+# quorvane_room(PATH [ROOMS room...] [LINK library...] [PRIVATE_LINK library...] SOURCES file...)
+# One static library per room, named quorvane_<path with underscores>.
+function(quorvane_room path)
+  cmake_parse_arguments(room "" "" "ROOMS;LINK;PRIVATE_LINK;SOURCES" ${ARGN})
+  quorvane_room_target(${path} target)
+  add_library(${target} STATIC ${room_SOURCES})
+  target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${target} PUBLIC quorvane_settings ${room_LINK} PRIVATE ${room_PRIVATE_LINK})
+  quorvane_use_rooms(${target} ${path} ${room_ROOMS})
+endfunction()
+
+# Links `target`, which belongs to the room `path`, to other rooms, and refuses what the table does not allow.
+function(quorvane_use_rooms target path)
+  set(allowed "")
+  foreach(row IN LISTS QUORVANE_ROOMS)
+    if(row MATCHES "^${path}:(.*)$")
+      string(REPLACE " " ";" allowed "${CMAKE_MATCH_1}")
+    endif()
+  endforeach()
+  foreach(used IN LISTS ARGN)
+    if(NOT used IN_LIST allowed)
+      message(FATAL_ERROR "${path}/ may not use ${used}/ (see cmake/Rooms.cmake)")
+    endif()
+    quorvane_room_target(${used} used_target)
+    target_link_libraries(${target} PUBLIC ${used_target})
+  endforeach()
+endfunction()
+
+function(quorvane_room_target path out)
+  string(REPLACE "/" "_" name ${path})
+  set(${out} quorvane_${name} PARENT_SCOPE)
+endfunction()

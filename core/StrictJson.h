@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "core/ErrorEnum.h"
+#include "core/Result.h"
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+
+#include <optional>
+
+namespace quorvane {
+
+enum class JsonError {
+    /// The bytes are not one JSON value of the wanted kind.
+    notJson = 1,
+    missingKey,
+    wrongType,
+};
+
+[[nodiscard]] std::string errorText(JsonError error);
+[[nodiscard]] const char *errorDomain(JsonError error);
+
+/// Decodes one JSON object (RFC 8259), or fails with `JsonError::notJson`.
+[[nodiscard]] Result<QJsonObject> jsonObject(const QByteArray &bytes);
+
+/// Reads the fields of an object without defaults: the first key that is missing or holds another type makes
+/// the whole reading fail. Ask for every field, then look at `failure`.
+class StrictJson
+{
+public:
+    explicit StrictJson(QJsonObject object);
+
+    [[nodiscard]] QString string(QLatin1StringView key);
+    [[nodiscard]] double number(QLatin1StringView key);
+    [[nodiscard]] bool boolean(QLatin1StringView key);
+    /// Absent when the key is missing or null.
+    [[nodiscard]] std::optional<QString> optionalString(QLatin1StringView key);
+
+    /// Why the reading failed; an empty code when it did not.
+    [[nodiscard]] std::error_code failure() const { return m_failure; }
+
+private:
+    [[nodiscard]] QJsonValue required(QLatin1StringView key, QJsonValue::Type type);
+
+    QJsonObject m_object;
+    std::error_code m_failure;
+};
+
+} // namespace quorvane
+
+QUORVANE_ERROR_ENUM(JsonError)
