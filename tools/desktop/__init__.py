@@ -1,0 +1,25 @@
+# SPDX-FileCopyrightText: 2026 The Quorvane authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Private headless desktops for the tests, the demo and the benchmarks.
+
+    with SwayDesktop() as desktop:
+        program = desktop.start("quorvane", ["build/release/quorvane"])
+        desktop.press("Return")
+        desktop.screenshot("build/pictures")
+"""
+import os
+
+from .attached import attach
+from .mutter import MutterDesktop
+from .output import SIZES, Output
+from .processes import DesktopError, Processes, wait_until
+from .session import Session
+from .sway import SwayDesktop
+from .xorg import XorgDesktop
+
+DESKTOPS = {"xorg": XorgDesktop, "sway": SwayDesktop, "mutter": MutterDesktop, "none": Session}
+
+
+def best_for_this_machine():
+    """The desktop that shows most on a machine without a display: X needs root, sway does not."""
+    return XorgDesktop if os.geteuid() == 0 else SwayDesktop
