@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/AppModel.h"
+
+#include "model/Launch.h"
+#include "model/SourceStatus.h"
+
+#include <QPointer>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+QCoro::Task<> AppModel::refresh()
+{
+    if (m_isRefreshing || m_mode == Mode::preview)
+        co_return;
+    const QPointer<AppModel> self(this);
+    m_isRefreshing = true;
+    Q_EMIT isRefreshingChanged();
+    m_refreshAgain = false;
+    m_refreshMark = now();
+    co_await readAndApply();
+    if (!self)
+        co_return;
+    m_isRefreshing = false;
+    Q_EMIT isRefreshingChanged();
+    if (m_refreshAgain)
+        m_changeDelay.start();
+    // What the reading brought may be due already.
+    alertStep();
+}
+
+// A change that comes while a reading is under way may have been missed by it, so it is followed by another
+// one.
+void AppModel::requestRefresh()
+{
+    if (m_isRefreshing)
+        m_refreshAgain = true;
+    else
+        launch(refresh());
+}
+
+QCoro::Task<> AppModel::readAndApply()
+{
+    const QPointer<AppModel> self(this);
+    const QStringList excluded = m_services.preferences.excludedCalendars();
+    auto calendars = co_await m_services.calendarReader.calendars();
+    if (!self)
+        co_return;
+    m_calendarAccess = m_services.calendarReader.authorizationStatus() == AuthorizationStatus::fullAccess;
+    m_calendars = std::move(calendars);
+    const auto local = co_await m_services.calendarReader.events(now(), excluded);
+    if (self)
+        applyReading(local);
+}
+
+void AppModel::applyReading(const std::vector<Meeting> &local)
+{
+    const QDateTime finished = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
+    if (m_calendarAccess && m_services.calendarReader.problems().empty())
+        m_lastSuccessfulRead = finished;
+    m_freshCalendarEventCount = static_cast<qsizetype>(local.size());
+    m_lastRefresh = finished;
+    m_calendarEvents =
+        MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings, Freshness::stale, now());
+    chooseMeetings();
+    closeOutdatedAlert();
+    describeSources();
+}
+
+void AppModel::chooseMeetings()
+{
+    m_meetings.clear();
+    std::ranges::copy_if(m_calendarEvents, std::back_inserter(m_meetings),
+                         [this](const Meeting &meeting) { return isScheduled(meeting); });
+    // The tick asks every second, so the choice is made here and not there.
+    m_scheduledMeetings = m_meetings;
+    Q_EMIT meetingsChanged();
+}
+
+void AppModel::closeOutdatedAlert()
+{
+    if (!showsRealAlert())
+        return;
+    const QString shown = *m_services.overlay.eventID();
+    const bool stillAlertable = std::ranges::any_of(m_scheduledMeetings, [&](const Meeting &meeting) {
+        return meeting.id == shown && meeting.eligible(now());
+    });
+    if (!stillAlertable)
+        m_services.overlay.close();
+}
+
+void AppModel::describeSources()
+{
+    m_cloudStatus = u"Local only. Phone delivery stops while this Mac sleeps."_s;
+    setStatus(SourceStatus::line(m_calendarAccess, m_services.calendarReader.problems(),
+                                 m_scheduledMeetings.size()));
+}
+
+void AppModel::setStatus(const QString &status)
+{
+    m_status = status;
+    Q_EMIT statusChanged();
+}
+
+QCoro::Task<> AppModel::connectCalendar()
+{
+    const QPointer<AppModel> self(this);
+    if (m_mode == Mode::preview)
+        co_return;
+    const auto granted = co_await m_services.calendarReader.requestAccess();
+    if (!self)
+        co_return;
+    co_await refresh();
+    if (!self || (granted && *granted))
+        co_return;
+    setStatus(granted ? SourceStatus::accessOff() : SourceStatus::accessFailed());
+}
+
+} // namespace quorvane

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/Preferences.h"
+
+#include "core/StrictJson.h"
+
+#include <QSettings>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+Preferences::Preferences(QString file)
+    : m_file(std::move(file))
+{
+}
+
+QStringList Preferences::excludedCalendars() const
+{
+    return list(u"excludedCalendars"_s);
+}
+
+MeetingChoices Preferences::meetingChoices() const
+{
+    MeetingChoices choices;
+    const auto object = jsonObject(text(u"meetingChoices"_s).toUtf8());
+    if (!object)
+        return choices;
+    for (auto entry = object->begin(); entry != object->end(); ++entry) {
+        if (!entry->isBool())
+            return {};
+        choices.insert(entry.key(), entry->toBool());
+    }
+    return choices;
+}
+
+QStringList Preferences::pendingAcks() const
+{
+    return list(u"pendingAcks"_s);
+}
+
+QString Preferences::serverURL() const
+{
+    return text(u"serverURL"_s);
+}
+
+bool Preferences::soundEnabled() const
+{
+    return text(u"soundEnabled"_s).compare("false"_L1, Qt::CaseInsensitive) != 0;
+}
+
+QStringList Preferences::calendarFolders() const
+{
+    return list(u"calendarFolders"_s);
+}
+
+QStringList Preferences::ownAddresses() const
+{
+    return list(u"ownAddresses"_s);
+}
+
+QStringList Preferences::list(const QString &key) const
+{
+    const QSettings settings(m_file, QSettings::IniFormat);
+    QStringList values = settings.value(key).toStringList();
+    values.removeAll(QString());
+    return values;
+}
+
+QString Preferences::text(const QString &key) const
+{
+    const QSettings settings(m_file, QSettings::IniFormat);
+    return settings.value(key).toString();
+}
+
+} // namespace quorvane
