@@ -6,6 +6,8 @@ add_library(quorvane_settings INTERFACE)
 target_compile_features(quorvane_settings INTERFACE cxx_std_20)
 target_compile_options(quorvane_settings INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
+  # Designated initialisers leave out what keeps its default.
+  -Wno-missing-field-initializers
   -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)
 target_compile_definitions(quorvane_settings INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
