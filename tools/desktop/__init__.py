@@ -10,9 +10,12 @@
 import os
 
 from .attached import attach
+from .events import LINK, Event, seconds_from_now, utc, write_event
 from .mutter import MutterDesktop
 from .output import SIZES, Output
-from .processes import DesktopError, Processes, wait_until
+from .pictures import Picture
+from .processes import DesktopError, Processes, signal_group, wait_until
+from .program import ROOT, Program, binary
 from .session import Session
 from .sway import SwayDesktop
 from .xorg import XorgDesktop
