@@ -13,6 +13,7 @@ from .attached import attach
 from .events import LINK, Event, seconds_from_now, utc, write_event
 from .mutter import MutterDesktop
 from .output import SIZES, Output
+from .own import OwnDisplays
 from .pictures import Picture
 from .processes import DesktopError, Processes, signal_group, wait_until
 from .program import ROOT, Program, binary
