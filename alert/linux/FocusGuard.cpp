@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "alert/linux/FocusGuard.h"
+
+#include "alert/MeetingAlertPanel.h"
+
+#include <QGuiApplication>
+
+#include <chrono>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int attemptsPerAlert = 20;
+/// A window that has just lost the keyboard may be about to have it again.
+constexpr auto settlingTime = 40ms;
+/// How long a display server may take to grant the keyboard.
+constexpr auto grantingTime = 150ms;
+
+bool panelHasKeyboard()
+{
+    return qobject_cast<MeetingAlertPanel *>(QGuiApplication::focusWindow()) != nullptr;
+}
+
+} // namespace
+
+FocusGuard::FocusGuard(std::function<void()> reclaim, QObject *parent)
+    : QObject(parent)
+    , m_reclaim(std::move(reclaim))
+{
+    m_checkTimer.setSingleShot(true);
+    connect(&m_checkTimer, &QTimer::timeout, this, &FocusGuard::check);
+    const auto checkSoon = [this] {
+        if (m_attemptsLeft > 0 && !m_checkTimer.isActive())
+            m_checkTimer.start(settlingTime);
+    };
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, checkSoon);
+    connect(&m_lock, &SessionLock::changed, this, checkSoon);
+}
+
+void FocusGuard::start()
+{
+    m_attemptsLeft = attemptsPerAlert;
+    m_checkTimer.start(grantingTime);
+}
+
+void FocusGuard::stop()
+{
+    m_attemptsLeft = 0;
+    m_checkTimer.stop();
+}
+
+void FocusGuard::check()
+{
+    if (m_attemptsLeft == 0 || m_lock.isLocked() || panelHasKeyboard())
+        return;
+    --m_attemptsLeft;
+    m_checkTimer.start(grantingTime);
+    m_reclaim();
+}
+
+} // namespace quorvane
