@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/QuitSignals.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <csignal>
+
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+// Made before any thread is, so that every thread inherits the blocked signals and they arrive here alone.
+QuitSignals::QuitSignals(QObject *parent)
+    : QObject(parent)
+{
+    sigset_t quitting;
+    ::sigemptyset(&quitting);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        ::sigaddset(&quitting, signal);
+    ::pthread_sigmask(SIG_BLOCK, &quitting, nullptr);
+    m_descriptor = ::signalfd(-1, &quitting, SFD_CLOEXEC | SFD_NONBLOCK);
+    auto *notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(), &QCoreApplication::quit);
+}
+
+QuitSignals::~QuitSignals()
+{
+    ::close(m_descriptor);
+}
+
+} // namespace quorvane

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/QuorvaneApp.h"
+
+#include "alert/linux/CanberraChime.h"
+#include "alert/linux/DesktopDisplayWaker.h"
+#include "alert/linux/DesktopMotionPreference.h"
+#include "alert/linux/DesktopPlatform.h"
+#include "alert/linux/XdgLinkOpener.h"
+#include "app/UserFolders.h"
+#include "calendars/linux/EvolutionStore.h"
+#include "calendars/linux/FolderStore.h"
+#include "model/linux/SecondTicker.h"
+#include "model/linux/SystemClock.h"
+#include "model/linux/SystemWakeSource.h"
+#include "model/linux/TimerSlackActivities.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+namespace {
+
+std::vector<std::unique_ptr<CalendarStore>> calendarStores(const Preferences &preferences)
+{
+    std::vector<std::unique_ptr<CalendarStore>> stores;
+    stores.push_back(std::make_unique<EvolutionStore>());
+    stores.push_back(std::make_unique<FolderStore>(QStringList{UserFolders::calendarFolder()} +
+                                                       preferences.calendarFolders(),
+                                                   preferences.ownAddresses()));
+    return stores;
+}
+
+AppModel::Mode modeOf(const QStringList &arguments)
+{
+    return arguments.contains(u"--preview"_s) ? AppModel::Mode::preview : AppModel::Mode::live;
+}
+
+} // namespace
+
+/// In the order in which they are built; each uses only what stands above it.
+struct QuorvaneApp::Parts
+{
+    Preferences preferences{UserFolders::settingsFile()};
+    SystemClock clock;
+    SecondTicker ticks;
+    SystemWakeSource wakes{ticks};
+    TimerSlackActivities activities;
+    CalendarReader calendarReader{calendarStores(preferences)};
+    std::unique_ptr<PanelPlacement> placement = choosePlacement();
+    CanberraChime chime;
+    DesktopDisplayWaker waker;
+    DesktopMotionPreference motion;
+    XdgLinkOpener opener{QProcessEnvironment::systemEnvironment()};
+    Overlay overlay{
+        {*placement, chime, waker, opener, motion, [this] { return preferences.soundEnabled(); }}};
+};
+
+QuorvaneApp::QuorvaneApp(const QStringList &arguments)
+    : m_parts(std::make_unique<Parts>())
+{
+    const AppModelServices services{m_parts->calendarReader, m_parts->overlay,         m_parts->preferences,
+                                    m_parts->clock,          m_parts->ticks,           m_parts->wakes,
+                                    m_parts->activities,     UserFolders::ledgerFile()};
+    m_model = std::make_unique<AppModel>(modeOf(arguments), services);
+    if (arguments.contains(u"--preview-overlay"_s))
+        m_model->previewAlert();
+}
+
+QuorvaneApp::~QuorvaneApp() = default;
+
+void QuorvaneApp::reportTo(std::FILE *terminal)
+{
+    std::fputs(
+        "Quorvane is running. It stays out of sight until a meeting is a minute away; Ctrl+C ends it.\n",
+        terminal);
+    const auto report = [this, terminal, last = QString()]() mutable {
+        if (m_model->status() == last)
+            return;
+        last = m_model->status();
+        std::fprintf(terminal, "%s\n", qUtf8Printable(last));
+        std::fflush(terminal);
+    };
+    QObject::connect(m_model.get(), &AppModel::statusChanged, m_model.get(), report);
+    QObject::connect(m_model.get(), &AppModel::noticeChanged, m_model.get(), [this, terminal] {
+        if (const auto &notice = m_model->notice())
+            std::fprintf(terminal, "%s\n", qUtf8Printable(*notice));
+    });
+}
+
+} // namespace quorvane

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/AppModel.h"
+
+#include <QStringList>
+
+#include <cstdio>
+#include <memory>
+
+namespace quorvane {
+
+/// The composition root: builds every part of the application in the order of their dependencies and holds
+/// them for the life of the process. Needs a QGuiApplication; destroy it before that.
+class QuorvaneApp final
+{
+public:
+    explicit QuorvaneApp(const QStringList &arguments);
+    ~QuorvaneApp();
+
+    [[nodiscard]] AppModel &model() const { return *m_model; }
+
+    /// Tells in the terminal how things stand, for who started the program there.
+    void reportTo(std::FILE *terminal);
+
+private:
+    struct Parts;
+
+    std::unique_ptr<Parts> m_parts;
+    std::unique_ptr<AppModel> m_model;
+};
+
+} // namespace quorvane

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "alert/linux/DesktopPlatform.h"
+#include "app/QuitSignals.h"
+#include "app/QuorvaneApp.h"
+#include "app/QuorvaneCLI.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList argumentsAfterName(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+int runApplication(int argc, char **argv, const QStringList &arguments)
+{
+    if (quorvane::preparePlatform() == quorvane::SessionKind::none &&
+        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        std::puts("Quorvane needs a display: start it inside a graphical session.");
+        return EXIT_FAILURE;
+    }
+    QGuiApplication application(argc, argv);
+    const quorvane::QuitSignals quitSignals;
+    QGuiApplication::setApplicationName(u"Quorvane"_s);
+    QGuiApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
+    QGuiApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+
+    quorvane::QuorvaneApp quorvane(arguments);
+    if (::isatty(STDOUT_FILENO) != 0)
+        quorvane.reportTo(stdout);
+    return QGuiApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QStringList arguments = argumentsAfterName(argc, argv);
+    if (const auto status = quorvane::QuorvaneCLI::run(arguments))
+        return *status;
+    const int status = runApplication(argc, argv, arguments);
+    // A calendar service that hangs may still hold a worker thread, which no orderly end could wait for.
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
