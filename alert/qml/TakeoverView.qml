@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Quorvane.Alert
+
+/// The content of an alert panel. Return acknowledges whatever has the focus, Space presses the focused button, Tab
+/// goes round; every other key is swallowed.
+FocusScope {
+    id: view
+
+    required property Takeover takeover
+
+    readonly property takeoverMetrics metrics: takeover.metrics(width, height)
+    property color tint: takeover.tint
+    property bool keysUsed: false
+
+    focus: true
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
+
+    Accessible.role: Accessible.Dialog
+    Accessible.name: takeover.windowTitle
+
+    function moveFocus(step: int) : void {
+        const shown = [joinButton, readyButton, remindButton].filter(button => button.visible);
+        const current = shown.findIndex(button => button.activeFocus);
+        const next = current < 0 ? shown.indexOf(readyButton) : (current + step + shown.length) % shown.length;
+        shown[next].forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Keys.onPressed: event => {
+        event.accepted = true;
+        keysUsed = true;
+        if (event.isAutoRepeat)
+            return;
+        switch (event.key) {
+        case Qt.Key_Return:
+        case Qt.Key_Enter:
+            takeover.acknowledge();
+            break;
+        case Qt.Key_Space:
+            for (const button of [joinButton, readyButton, remindButton]) {
+                if (button.activeFocus)
+                    button.activated();
+            }
+            break;
+        case Qt.Key_Tab:
+            moveFocus(event.modifiers & Qt.ShiftModifier ? -1 : 1);
+            break;
+        case Qt.Key_Backtab:
+            moveFocus(-1);
+            break;
+        }
+    }
+    Keys.onReleased: event => event.accepted = true
+
+    Behavior on tint {
+        ColorAnimation { duration: 400 }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.night
+    }
+
+    Glow {
+        // At its widest breath it reaches 778 pixels from the centre.
+        width: Math.min(view.width, 2 * 778)
+        height: Math.min(view.height, 2 * 778)
+        x: Math.floor((view.width - width) / 2)
+        y: Math.floor((view.height - height) / 2)
+        breath: view.takeover.glowScale
+        tint: view.tint
+    }
+
+    BrandRow {
+        objectName: "brand"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: view.metrics.brandTop
+        tint: view.tint
+        markSide: view.metrics.brandMark
+        fontSize: view.metrics.brandFont
+        spacing: view.metrics.brandGap
+    }
+
+    Announcement {
+        text: view.takeover.announcement
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+    }
+
+    Item {
+        id: block
+
+        objectName: "block"
+        width: view.metrics.blockWidth
+        height: details.height + view.metrics.actionsGap + actions.height
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: view.metrics.blockY(view.height, height)
+        transform: Translate { id: slide }
+
+        MeetingDetails {
+            id: details
+
+            objectName: "details"
+            width: parent.width
+            metrics: view.metrics
+            takeover: view.takeover
+            tint: view.tint
+            room: view.height - view.metrics.blockTop - view.metrics.bottomMargin - view.metrics.actionsGap
+                - actions.height
+        }
+
+        Grid {
+            id: actions
+
+            readonly property real rowWidth: (joinButton.visible ? joinButton.implicitWidth + spacing : 0)
+                + readyButton.implicitWidth + spacing + remindButton.implicitWidth
+            readonly property bool stacked: view.metrics.actionsStacked || rowWidth > block.width
+            readonly property real stackedWidth: Math.min(block.width, Math.max(340, joinButton.implicitWidth,
+                readyButton.implicitWidth, remindButton.implicitWidth))
+
+            objectName: "actions"
+            x: Math.round((block.width - width) / 2)
+            y: details.height + view.metrics.actionsGap
+            spacing: 14
+            columns: stacked ? 1 : 3
+
+            ActionButton {
+                id: joinButton
+
+                objectName: "join"
+                width: actions.stacked ? actions.stackedWidth : implicitWidth
+                visible: view.takeover.hasJoinLink
+                kind: ActionButton.Primary
+                text: qsTr("Join meeting")
+                icon: Theme.videoIcon
+                tint: view.tint
+                showsFocus: view.keysUsed
+                Keys.forwardTo: view
+                onActivated: view.takeover.join()
+            }
+
+            ActionButton {
+                id: readyButton
+
+                objectName: "ready"
+                width: actions.stacked ? actions.stackedWidth : implicitWidth
+                focus: true
+                kind: view.takeover.hasJoinLink ? ActionButton.Secondary : ActionButton.Primary
+                text: qsTr("I’m ready")
+                icon: Theme.checkIcon
+                tint: view.tint
+                showsFocus: view.keysUsed
+                Keys.forwardTo: view
+                onActivated: view.takeover.acknowledge()
+            }
+
+            ActionButton {
+                id: remindButton
+
+                objectName: "remind"
+                width: actions.stacked ? actions.stackedWidth : implicitWidth
+                kind: ActionButton.Quiet
+                text: qsTr("Remind me in 30 seconds")
+                icon: Theme.clockArrowIcon
+                tint: view.tint
+                showsFocus: view.keysUsed
+                Keys.forwardTo: view
+                onActivated: view.takeover.snooze()
+            }
+        }
+    }
+
+    // The alert is readable from its first frame on, however slow the frames after it come.
+    ParallelAnimation {
+        id: entrance
+
+        NumberAnimation {
+            target: block
+            property: "opacity"
+            from: 0.4
+            to: 1
+            duration: 180
+        }
+        NumberAnimation {
+            target: slide
+            property: "y"
+            from: view.takeover.reduceMotion ? 0 : 12
+            to: 0
+            duration: 260
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    Connections {
+        function onRunningChanged() {
+            entrance.start();
+        }
+
+        target: view.takeover
+    }
+}
