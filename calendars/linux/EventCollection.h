@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "calendars/CalendarEvent.h"
+#include "calendars/linux/EventAdapter.h"
+#include "calendars/linux/GlibPointer.h"
+#include "calendars/linux/TimeZoneResolver.h"
+
+#include <libecal/libecal.h>
+
+#include <ctime>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+/// The components of a calendar on their way to occurrences: what both stores do once they have the
+/// components.
+class EventCollection final
+{
+public:
+    /// Takes one VEVENT; components with the same UID belong together.
+    void add(GlibPointer<ICalComponent> component);
+
+    [[nodiscard]] bool isEmpty() const { return m_series.empty(); }
+
+    /// The occurrences that overlap the span from `from` to `to` (Unix time), by start and identifier.
+    [[nodiscard]] std::vector<CalendarEvent> occurrences(const EventAdapter &adapter, TimeZoneResolver &zones,
+                                                         time_t from, time_t to) const;
+
+    /// Sorts as `occurrences` does.
+    static void sort(std::vector<CalendarEvent> &events);
+
+private:
+    std::vector<GlibPointer<ICalComponent>> m_components;
+    std::map<std::string, std::vector<ICalComponent *>> m_series;
+};
+
+} // namespace quorvane

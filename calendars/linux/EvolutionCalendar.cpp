@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "calendars/linux/EvolutionCalendar.h"
+
+#include "calendars/linux/EventAdapter.h"
+#include "calendars/linux/EventCollection.h"
+#include "calendars/linux/EvolutionError.h"
+#include "calendars/linux/TimeZoneResolver.h"
+
+#include <string>
+
+namespace quorvane {
+namespace {
+
+constexpr time_t day = 24 * 60 * 60;
+
+std::string utcText(time_t time)
+{
+    return icaltime_as_ical_string(icaltime_from_timet_with_zone(time, 0, icaltimezone_get_utc_timezone()));
+}
+
+/// All series and their overrides, and what takes place around the span; the rest is worked out here. (The
+/// library's own expansion shows moved occurrences at their old times too and cannot be cancelled.)
+std::string queryFor(time_t from, time_t to)
+{
+    return "(or (has-recurrences?) (occur-in-time-range? (make-time \"" + utcText(from - day) +
+           "\") (make-time \"" + utcText(to + day) + "\")))";
+}
+
+void notice(gpointer, gpointer, gpointer changed)
+{
+    (*static_cast<std::function<void()> *>(changed))();
+}
+
+void noticeEnd(gpointer, gpointer changed)
+{
+    (*static_cast<std::function<void()> *>(changed))();
+}
+
+struct ZoneSource
+{
+    ECalClient *client;
+    GCancellable *cancellable;
+
+    ICalTimezone *operator()(const char *id) const
+    {
+        GError *error = nullptr; // an unknown zone is looked for elsewhere
+        ICalTimezone *zone = e_cal_client_tzlookup_cb(id, client, cancellable, &error);
+        g_clear_error(&error);
+        return zone;
+    }
+};
+
+} // namespace
+
+EvolutionCalendar::EvolutionCalendar(GlibPointer<ECalClient> client, std::function<void()> changed)
+    : m_client(std::move(client))
+    , m_changed(std::move(changed))
+{
+    g_signal_connect(m_client.get(), "backend-died", G_CALLBACK(noticeEnd), &m_changed);
+}
+
+EvolutionCalendar::~EvolutionCalendar()
+{
+    if (m_view)
+        g_signal_handlers_disconnect_by_data(m_view.get(), &m_changed);
+    g_signal_handlers_disconnect_by_data(m_client.get(), &m_changed);
+}
+
+void EvolutionCalendar::watch(GCancellable *cancellable)
+{
+    ECalClientView *view = nullptr;
+    if (!e_cal_client_get_view_sync(m_client.get(), "#t", &view, cancellable, nullptr))
+        return;
+    m_view.reset(view);
+    for (const char *signal : {"objects-added", "objects-modified", "objects-removed"})
+        g_signal_connect(view, signal, G_CALLBACK(notice), &m_changed);
+    e_cal_client_view_set_flags(view, E_CAL_CLIENT_VIEW_FLAGS_NONE,
+                                nullptr); // no listing of what is there already
+    e_cal_client_view_start(view, nullptr);
+}
+
+Result<std::vector<CalendarEvent>> EvolutionCalendar::occurrences(const QString &id, const QString &name,
+                                                                  OwnAddresses addresses, time_t from,
+                                                                  time_t to, GCancellable *cancellable)
+{
+    GSList *list = nullptr;
+    GError *error = nullptr;
+    if (!e_cal_client_get_object_list_sync(m_client.get(), queryFor(from, to).c_str(), &list, cancellable,
+                                           &error))
+        return Failure(make_error_code(calendarError(GlibError(error))));
+    EventCollection collection;
+    for (GSList *item = list; item; item = item->next)
+        collection.add(GlibPointer<ICalComponent>(static_cast<ICalComponent *>(item->data)));
+    g_slist_free(list);
+
+    gchar *address = nullptr;
+    if (e_client_get_backend_property_sync(E_CLIENT(m_client.get()), E_CAL_BACKEND_PROPERTY_CAL_EMAIL_ADDRESS,
+                                           &address, cancellable, nullptr))
+        addresses.add(QString::fromUtf8(GlibText(address).get()));
+    TimeZoneResolver zones(ZoneSource{m_client.get(), cancellable});
+    return collection.occurrences(EventAdapter(id, name, addresses), zones, from, to);
+}
+
+} // namespace quorvane

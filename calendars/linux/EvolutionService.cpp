@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "calendars/linux/EvolutionService.h"
+
+#include "calendars/linux/EvolutionError.h"
+#include "calendars/linux/GlibPointer.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace quorvane {
+namespace {
+
+using Variant = std::unique_ptr<GVariant, decltype(&g_variant_unref)>;
+
+constexpr const char *busName = "org.freedesktop.DBus";
+/// A number follows, which counts the versions of the service's interface.
+constexpr const char *serviceNamePrefix = "org.gnome.evolution.dataserver.Sources";
+
+Failure unavailable()
+{
+    return Failure(make_error_code(CalendarError::unavailable));
+}
+
+/// The service's name, if the bus lists it; `method` is ListNames or ListActivatableNames.
+std::optional<std::string> serviceName(GDBusConnection *bus, const char *method, GCancellable *cancellable)
+{
+    const Variant answer(g_dbus_connection_call_sync(bus, busName, "/org/freedesktop/DBus", busName, method,
+                                                     nullptr, G_VARIANT_TYPE("(as)"), G_DBUS_CALL_FLAGS_NONE,
+                                                     -1, cancellable, nullptr),
+                         g_variant_unref);
+    if (!answer)
+        return std::nullopt;
+    const Variant names(g_variant_get_child_value(answer.get(), 0), g_variant_unref);
+    for (gsize i = 0; i < g_variant_n_children(names.get()); ++i) {
+        const Variant name(g_variant_get_child_value(names.get(), i), g_variant_unref);
+        const char *text = g_variant_get_string(name.get(), nullptr);
+        if (g_str_has_prefix(text, serviceNamePrefix))
+            return text;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Result<void> wakeEvolutionService(GCancellable *cancellable)
+{
+    const GlibPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
+    if (!bus)
+        return unavailable();
+    // By default GLib ends the process with its session bus.
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    std::optional<std::string> name = serviceName(bus.get(), "ListNames", cancellable);
+    if (!name)
+        name = serviceName(bus.get(), "ListActivatableNames", cancellable);
+    if (!name)
+        return unavailable();
+    GError *error = nullptr;
+    const Variant answer(g_dbus_connection_call_sync(bus.get(), name->c_str(), "/",
+                                                     "org.freedesktop.DBus.Peer", "Ping", nullptr, nullptr,
+                                                     G_DBUS_CALL_FLAGS_NONE, -1, cancellable, &error),
+                         g_variant_unref);
+    if (!answer)
+        return Failure(make_error_code(calendarError(GlibError(error))));
+    return {};
+}
+
+} // namespace quorvane

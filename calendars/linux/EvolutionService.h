@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "core/Result.h"
+
+#include <gio/gio.h>
+
+namespace quorvane {
+
+/// Makes sure that the service which knows the user's accounts runs, starting it where it is installed. Asked
+/// first, since the library's own connecting neither tells a missing service from one without calendars nor
+/// can be cancelled. Fails with `CalendarError::unavailable` when there is no session bus or no such service,
+/// with `CalendarError::timedOut` when it does not answer.
+[[nodiscard]] Result<void> wakeEvolutionService(GCancellable *cancellable);
+
+} // namespace quorvane

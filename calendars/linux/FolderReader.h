@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "calendars/CalendarEvent.h"
+#include "calendars/CalendarOption.h"
+#include "calendars/linux/BoundedFile.h"
+#include "calendars/linux/FileEvents.h"
+#include "calendars/linux/FolderScan.h"
+#include "calendars/linux/FolderWatch.h"
+#include "core/Result.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+/// Reads folders of .ics files; used and destroyed on one worker thread. What a file held is kept by the
+/// file's identity, so that only changed files are read again.
+///
+/// Memory: per file its name and identity (about 200 bytes), and the occurrences between a day before and a
+/// week after the span that was asked for; no components and no other events. Everything is read anew once a
+/// week, when the span has moved out of what is kept, and when the user's time zone changes.
+class FolderReader final
+{
+public:
+    /// `changed` is called on the worker thread.
+    FolderReader(QStringList roots, const QStringList &ownAddresses, std::function<void()> changed);
+
+    [[nodiscard]] Result<std::vector<CalendarOption>> calendars();
+    [[nodiscard]] Result<EventReading> events(double from, double to, const QStringList &ids,
+                                              const std::stop_token &stop);
+
+private:
+    struct KeptFile
+    {
+        std::optional<FileIdentity> identity;
+        FileEvents content;
+        bool isSeen = false;
+    };
+    struct KeptCalendar
+    {
+        QString name;
+        std::map<std::string, KeptFile> files;
+    };
+
+    /// Fails when no root can be listed.
+    Result<void> scan();
+    void keepSpan(double from, double to);
+    bool readCalendar(const FolderCalendar &calendar, EventReading &reading, double from, double to,
+                      const std::stop_token &stop);
+    void refresh(KeptFile &kept, int folder, const std::string &name, const FileContext &context);
+    [[nodiscard]] bool isBelowUnlisted(const QString &id) const;
+
+    QStringList m_roots;
+    OwnAddresses m_addresses;
+    std::function<void()> m_changed;
+    /// Made on the first use, on the worker thread.
+    std::unique_ptr<FolderWatch> m_watch;
+    std::vector<FolderCalendar> m_calendars;
+    std::vector<std::string> m_unlisted;
+    std::map<QString, KeptCalendar> m_kept;
+    ZoneDefinitions m_zones;
+    QByteArray m_zoneName;
+    double m_keptFrom = 0;
+    double m_keptTo = 0;
+};
+
+} // namespace quorvane
