@@ -3,7 +3,7 @@
 
 #include "calendars/linux/HtmlEntities.h"
 
-#include <QChar>
+#include <QString>
 
 #include <array>
 

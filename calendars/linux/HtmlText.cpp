@@ -99,7 +99,7 @@ private:
     {
         static const QStringList inlined =
             QStringLiteral("abbr,b,base,big,button,cite,code,del,em,font,i,img,input,ins,"
-                           "label,link,meta,q,s,small,span,strike,strong,sub,sup,u,wbr")
+                           "label,link,meta,q,s,script,small,span,strike,strong,style,sub,sup,u,wbr")
                 .split(u',');
         if (tag.name == u"a") {
             endLink();
@@ -109,8 +109,10 @@ private:
             return behindElement(tag);
         } else if (tag.name == u"td" || tag.name == u"th") {
             space();
-        } else if (!inlined.contains(tag.name)) {
+        } else if (tag.name == u"br") {
             newLine();
+        } else if (!inlined.contains(tag.name)) {
+            beginLine();
         }
         return tag.end;
     }
@@ -145,6 +147,12 @@ private:
     {
         if (!m_text.isEmpty() && !m_text.back().isSpace())
             m_text += u' ';
+    }
+
+    void beginLine()
+    {
+        if (!m_text.endsWith(u'\n'))
+            newLine();
     }
 
     void newLine()
