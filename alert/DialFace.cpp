@@ -40,9 +40,9 @@ void DialFace::setTint(const QColor &tint)
     update();
 }
 
-void DialFace::setLitTicks(qint64 ticks)
+void DialFace::setLitTicks(int ticks)
 {
-    const qint64 bounded = std::clamp<qint64>(ticks, 0, tickCount);
+    const int bounded = std::clamp<int>(ticks, 0, tickCount);
     if (m_litTicks == bounded)
         return;
     m_litTicks = bounded;

@@ -15,13 +15,13 @@ class DialFace : public QQuickPaintedItem
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor tint MEMBER m_tint WRITE setTint NOTIFY changed)
-    Q_PROPERTY(qint64 litTicks MEMBER m_litTicks WRITE setLitTicks NOTIFY changed)
+    Q_PROPERTY(int litTicks MEMBER m_litTicks WRITE setLitTicks NOTIFY changed)
 
 public:
     explicit DialFace(QQuickItem *parent = nullptr);
 
     void setTint(const QColor &tint);
-    void setLitTicks(qint64 ticks);
+    void setLitTicks(int ticks);
 
     void paint(QPainter *painter) override;
 
@@ -32,7 +32,7 @@ private:
     void paintTicks(QPainter &painter, qreal side) const;
 
     QColor m_tint;
-    qint64 m_litTicks = 0;
+    int m_litTicks = 0;
 };
 
 } // namespace quorvane

@@ -11,6 +11,7 @@
 #include "ui/format/MeetingFormat.h"
 
 #include <QDateTime>
+#include <QGuiApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -178,6 +179,16 @@ QString Takeover::timeRange() const
 bool Takeover::hasJoinLink() const
 {
     return Meeting::safeJoinURL(m_event.joinURL).has_value();
+}
+
+bool Takeover::isMirrored() const
+{
+    return QGuiApplication::layoutDirection() == Qt::RightToLeft;
+}
+
+int Takeover::litTicks() const
+{
+    return static_cast<int>(std::clamp<qint64>(m_secondsLeft, 0, 60));
 }
 
 QString Takeover::clockText() const

@@ -32,7 +32,9 @@ class Takeover final : public QObject
     Q_PROPERTY(QString windowTitle READ windowTitle CONSTANT)
     Q_PROPERTY(QString timeRange READ timeRange CONSTANT)
     Q_PROPERTY(bool hasJoinLink READ hasJoinLink CONSTANT)
+    Q_PROPERTY(bool mirrored READ isMirrored CONSTANT)
     Q_PROPERTY(qint64 secondsLeft READ secondsLeft NOTIFY secondsLeftChanged)
+    Q_PROPERTY(int litTicks READ litTicks NOTIFY secondsLeftChanged)
     Q_PROPERTY(QString clockText READ clockText NOTIFY secondsLeftChanged)
     Q_PROPERTY(QString caption READ caption NOTIFY secondsLeftChanged)
     Q_PROPERTY(QString headline READ headline NOTIFY secondsLeftChanged)
@@ -75,8 +77,13 @@ public:
     /// Whether `event` has a link that may be opened.
     [[nodiscard]] bool hasJoinLink() const;
 
+    /// Whether the interface's language runs from right to left.
+    [[nodiscard]] bool isMirrored() const;
+
     /// Whole seconds until the start, rounded up; 0 and below once started.
     [[nodiscard]] qint64 secondsLeft() const { return m_secondsLeft; }
+    /// Seconds that the dial shows as ticks, 0 to 60.
+    [[nodiscard]] int litTicks() const;
     [[nodiscard]] QString clockText() const;
     [[nodiscard]] QString caption() const;
     [[nodiscard]] QString headline() const;

@@ -104,7 +104,7 @@ Item {
 
         anchors.fill: parent
         hoverEnabled: true
-        onPressed: button.forceActiveFocus(Qt.MouseFocusReason)
+        onPressed: button.forceActiveFocus()
         onClicked: button.activated()
     }
 }

@@ -12,6 +12,10 @@ Row {
     required property int markSide
     required property int fontSize
 
+    // A brand is not mirrored.
+    LayoutMirroring.enabled: false
+    LayoutMirroring.childrenInherit: true
+
     Accessible.role: Accessible.StaticText
     Accessible.name: qsTr("Quorvane meeting alert")
 

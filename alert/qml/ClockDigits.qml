@@ -17,9 +17,25 @@ Item {
     implicitHeight: digits.implicitHeight
     scale: Math.min(1, widest / Math.max(1, implicitWidth))
 
-    function isDigit(index: int) : bool {
+    // A width of 0 is the character's own.
+    function cellWidthAt(index: int) : real {
         const character = text.charAt(index);
-        return character >= "0" && character <= "9";
+        if (character === ":")
+            return 0.27 * fontSize;
+        const isDigit = character >= "0" && character <= "9";
+        // A single digit of minutes stands alone before its colon.
+        const isLoneMinute = index === 0 && text.charAt(1) === ":";
+        return isDigit && !isLoneMinute ? cellWidth : 0;
+    }
+
+    function cells() : var {
+        const result = [];
+        for (let index = 0; index < text.length; ++index) {
+            const character = text.charAt(index);
+            const lift = character === ":" ? 0.085 * fontSize : 0;
+            result.push({ character: character, width: cellWidthAt(index), lift: lift, font: zero.font });
+        }
+        return result;
     }
 
     TextMetrics {
@@ -38,25 +54,9 @@ Item {
         LayoutMirroring.enabled: false
 
         Repeater {
-            model: clock.text.length
+            model: clock.cells()
 
-            Text {
-                required property int index
-
-                readonly property bool isColon: text === ":"
-                // A single digit of minutes stands alone before its colon.
-                readonly property bool isLoneMinute: index === 0 && clock.text.charAt(1) === ":"
-
-                text: clock.text.charAt(index)
-                textFormat: Text.PlainText
-                width: isColon ? 0.27 * clock.fontSize
-                               : clock.isDigit(index) && !isLoneMinute ? clock.cellWidth : implicitWidth
-                topPadding: isColon ? -0.085 * clock.fontSize : 0
-                horizontalAlignment: Text.AlignHCenter
-                color: Theme.cream
-                font: zero.font
-                Accessible.ignored: true
-            }
+            ClockCell {}
         }
     }
 }

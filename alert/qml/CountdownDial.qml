@@ -19,7 +19,7 @@ Item {
     DialFace {
         anchors.fill: parent
         tint: dial.tint
-        litTicks: dial.takeover.secondsLeft
+        litTicks: dial.takeover.litTicks
     }
 
     DialRing {

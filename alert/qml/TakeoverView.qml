@@ -12,21 +12,34 @@ FocusScope {
     required property Takeover takeover
 
     readonly property takeoverMetrics metrics: takeover.metrics(width, height)
+    readonly property list<ActionButton> buttons: [joinButton, readyButton, remindButton]
     property color tint: takeover.tint
     property bool keysUsed: false
 
     focus: true
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: takeover.mirrored
     LayoutMirroring.childrenInherit: true
 
     Accessible.role: Accessible.Dialog
     Accessible.name: takeover.windowTitle
 
     function moveFocus(step: int) : void {
-        const shown = [joinButton, readyButton, remindButton].filter(button => button.visible);
-        const current = shown.findIndex(button => button.activeFocus);
-        const next = current < 0 ? shown.indexOf(readyButton) : (current + step + shown.length) % shown.length;
-        shown[next].forceActiveFocus(Qt.TabFocusReason);
+        let current = 1;
+        for (let index = 0; index < buttons.length; ++index) {
+            if (buttons[index].activeFocus)
+                current = index;
+        }
+        do {
+            current = (current + step + buttons.length) % buttons.length;
+        } while (!buttons[current].visible);
+        buttons[current].forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function pressFocused() : void {
+        for (let index = 0; index < buttons.length; ++index) {
+            if (buttons[index].activeFocus)
+                buttons[index].activated();
+        }
     }
 
     Keys.onPressed: event => {
@@ -40,10 +53,7 @@ FocusScope {
             takeover.acknowledge();
             break;
         case Qt.Key_Space:
-            for (const button of [joinButton, readyButton, remindButton]) {
-                if (button.activeFocus)
-                    button.activated();
-            }
+            pressFocused();
             break;
         case Qt.Key_Tab:
             moveFocus(event.modifiers & Qt.ShiftModifier ? -1 : 1);
@@ -138,7 +148,7 @@ FocusScope {
                 icon: Theme.videoIcon
                 tint: view.tint
                 showsFocus: view.keysUsed
-                Keys.forwardTo: view
+                Keys.forwardTo: [view]
                 onActivated: view.takeover.join()
             }
 
@@ -153,7 +163,7 @@ FocusScope {
                 icon: Theme.checkIcon
                 tint: view.tint
                 showsFocus: view.keysUsed
-                Keys.forwardTo: view
+                Keys.forwardTo: [view]
                 onActivated: view.takeover.acknowledge()
             }
 
@@ -167,7 +177,7 @@ FocusScope {
                 icon: Theme.clockArrowIcon
                 tint: view.tint
                 showsFocus: view.keysUsed
-                Keys.forwardTo: view
+                Keys.forwardTo: [view]
                 onActivated: view.takeover.snooze()
             }
         }

@@ -15,7 +15,7 @@ QtObject {
     readonly property string textFace: "Manrope"
     // A rounded face whose stems match the ring; in its absence the text face's boldest.
     readonly property string wantedClockFace: "National Park"
-    readonly property bool hasClockFace: Qt.fontFamilies().includes(wantedClockFace)
+    readonly property bool hasClockFace: Qt.fontFamilies().indexOf(wantedClockFace) >= 0
     readonly property string clockFace: hasClockFace ? wantedClockFace : textFace
     // The clock face must be asked for at its heaviest, or its outlined style may be chosen.
     readonly property int clockWeight: hasClockFace ? Font.Black : Font.ExtraBold
