@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "calendars/CalendarError.h"
+#include "calendars/linux/EvolutionStore.h"
+#include "tests/calendars/linux/StoreCases.h"
+#include "tests/calendars/linux/StoreSeed.h"
+
+#include <QCoreApplication>
+#include <QCoroTask>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QScopeGuard>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+using namespace quorvane;
+using namespace std::chrono_literals;
+
+/// What becomes of the store when its service changes, hangs, dies. The service is this session's own.
+class EvolutionStoreTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void readingIsNoChange();
+    void aChangeByAnotherProgramIsNoticed();
+    void aStoppedCalendarServiceAnswersInTime();
+    void aKilledCalendarServiceIsStartedAgain();
+    void aStoppedRegistryAnswersInTime();
+    void anUnreadableCalendarCostsOnlyItself();
+    void withoutTheServiceTheStoreIsUnavailable_data();
+    void withoutTheServiceTheStoreIsUnavailable();
+
+private:
+    static constexpr BoundedWorker::Limit limit{1500};
+    static const QStringList ids;
+
+    static QList<qint64> processesBehind(const QString &namePrefix);
+    static Result<EventReading> read(EvolutionStore &store)
+    {
+        return QCoro::waitFor(store.events(StoreCase::from, StoreCase::to, ids));
+    }
+    static void add(const QString &title)
+    {
+        QCOMPARE(
+            QProcess::execute(QCoreApplication::applicationDirPath() + u"/add_event"_s, {u"first"_s, title}),
+            0);
+    }
+};
+
+const QStringList EvolutionStoreTest::ids{u"evolution:first"_s, u"evolution:second"_s};
+
+void EvolutionStoreTest::initTestCase()
+{
+    const QByteArray calendar = StoreCase{"", {}, {}}.calendar();
+    StoreSeed::inEvolution(u"first"_s, calendar, StoreCase::ownAddress);
+    StoreSeed::inEvolution(u"second"_s, calendar, StoreCase::ownAddress);
+}
+
+QList<qint64> EvolutionStoreTest::processesBehind(const QString &namePrefix)
+{
+    QDBusConnectionInterface *bus = QDBusConnection::sessionBus().interface();
+    QList<qint64> processes;
+    const QStringList names = bus->registeredServiceNames();
+    for (const QString &name : names) {
+        if (name.startsWith(u"org.gnome.evolution.dataserver."_s + namePrefix))
+            processes.append(bus->servicePid(name).value());
+    }
+    return processes;
+}
+
+void EvolutionStoreTest::readingIsNoChange()
+{
+    EvolutionStore store;
+    QVERIFY(read(store).has_value());
+    QSignalSpy changes(&store, &CalendarStore::changed);
+    QVERIFY(read(store).has_value());
+    QVERIFY(!changes.wait(1000));
+}
+
+void EvolutionStoreTest::aChangeByAnotherProgramIsNoticed()
+{
+    EvolutionStore store;
+    QCOMPARE(read(store).value().events.size(), 0u);
+    QSignalSpy changes(&store, &CalendarStore::changed);
+    add(u"new"_s);
+    QVERIFY(changes.count() > 0 || changes.wait(5000));
+    QCOMPARE(read(store).value().events.size(), 1u);
+}
+
+void EvolutionStoreTest::aStoppedCalendarServiceAnswersInTime()
+{
+    EvolutionStore store(limit);
+    QCOMPARE(read(store).value().events.size(), 1u);
+    const QList<qint64> processes = processesBehind(u"Calendar"_s) + processesBehind(u"Subprocess"_s);
+    QVERIFY(!processes.isEmpty());
+    const auto resume = qScopeGuard([&processes] {
+        for (const qint64 process : processes)
+            ::kill(static_cast<pid_t>(process), SIGCONT);
+    });
+    for (const qint64 process : processes)
+        ::kill(static_cast<pid_t>(process), SIGSTOP);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(read(store).error(), make_error_code(CalendarError::timedOut));
+    QVERIFY(timer.elapsed() < limit.count() + 300);
+    QVERIFY(QCoro::waitFor(store.calendars()).has_value()); // known without the calendar service
+
+    for (const qint64 process : processes)
+        ::kill(static_cast<pid_t>(process), SIGCONT);
+    QTRY_VERIFY(read(store).has_value());
+    QCOMPARE(read(store).value().events.size(), 1u);
+}
+
+void EvolutionStoreTest::aKilledCalendarServiceIsStartedAgain()
+{
+    EvolutionStore store;
+    QVERIFY(read(store).has_value());
+    QSignalSpy changes(&store, &CalendarStore::changed);
+    for (const qint64 process : processesBehind(u"Calendar"_s) + processesBehind(u"Subprocess"_s))
+        ::kill(static_cast<pid_t>(process), SIGKILL);
+    QVERIFY(changes.wait(5000));
+    const auto reading = read(store);
+    QVERIFY(reading.has_value());
+    QCOMPARE(reading->unreadableCalendars, QStringList());
+    QCOMPARE(reading->events.size(), 1u);
+    add(u"another"_s);
+    changes.clear();
+    QTRY_VERIFY_WITH_TIMEOUT(read(store).value().events.size() == 2, 5000);
+}
+
+void EvolutionStoreTest::aStoppedRegistryAnswersInTime()
+{
+    const QList<qint64> processes = processesBehind(u"Sources"_s);
+    QCOMPARE(processes.size(), 1);
+    const auto resume =
+        qScopeGuard([&processes] { ::kill(static_cast<pid_t>(processes.constFirst()), SIGCONT); });
+    ::kill(static_cast<pid_t>(processes.constFirst()), SIGSTOP);
+    EvolutionStore store(limit);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(QCoro::waitFor(store.calendars()).error(), make_error_code(CalendarError::timedOut));
+    QVERIFY(timer.elapsed() < limit.count() + 300);
+    ::kill(static_cast<pid_t>(processes.constFirst()), SIGCONT);
+    QTRY_VERIFY(QCoro::waitFor(store.calendars()).has_value());
+}
+
+void EvolutionStoreTest::anUnreadableCalendarCostsOnlyItself()
+{
+    EvolutionStore store;
+    QVERIFY(QCoro::waitFor(store.calendars()).has_value());
+    QSignalSpy changes(&store, &CalendarStore::changed);
+    const QString broken = qEnvironmentVariable("XDG_CONFIG_HOME") + u"/evolution/sources/broken.source"_s;
+    StoreSeed::write(broken, "[Data Source]\nDisplayName=Broken\nEnabled=true\nParent=work-account\n\n"
+                             "[Calendar]\nBackendName=nobody-has-this\nSelected=true\n");
+    QVERIFY(changes.wait(10'000));
+    const QStringList all = ids + QStringList{u"evolution:broken"_s};
+    const auto reading = QCoro::waitFor(store.events(StoreCase::from, StoreCase::to, all));
+    QVERIFY(reading.has_value());
+    QCOMPARE(reading->unreadableCalendars, QStringList{u"evolution:broken"_s});
+    QCOMPARE(reading->events.size(), 2u);
+}
+
+void EvolutionStoreTest::withoutTheServiceTheStoreIsUnavailable_data()
+{
+    QTest::addColumn<QStringList>("command");
+    const QString self = QCoreApplication::applicationFilePath();
+    QTest::newRow("no bus") << QStringList{u"env"_s, u"DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere"_s, self,
+                                           u"--only-connect"_s};
+    QTest::newRow("not installed") << QStringList{u"dbus-run-session"_s,
+                                                  u"--config-file"_s,
+                                                  QDir::tempPath() + u"/quorvane-bare-bus.conf"_s,
+                                                  u"--"_s,
+                                                  self,
+                                                  u"--only-connect"_s};
+}
+
+void EvolutionStoreTest::withoutTheServiceTheStoreIsUnavailable()
+{
+    QFETCH(QStringList, command);
+    StoreSeed::write(
+        QDir::tempPath() + u"/quorvane-bare-bus.conf"_s,
+        "<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><auth>EXTERNAL</auth>"
+        "<policy context=\"default\"><allow send_destination=\"*\"/><allow own=\"*\"/></policy></busconfig>");
+    QElapsedTimer timer;
+    timer.start();
+    QProcess other;
+    other.start(command.constFirst(), command.mid(1));
+    QVERIFY(other.waitForFinished());
+    QCOMPARE(other.readAllStandardOutput().trimmed(), QByteArray("unavailable"));
+    QVERIFY(timer.elapsed() < 5000);
+}
+
+/// This program as another process: one process keeps one bus for all its life.
+static int onlyConnect()
+{
+    EvolutionStore store;
+    const auto calendars = QCoro::waitFor(store.calendars());
+    const bool unavailable = !calendars && calendars.error() == make_error_code(CalendarError::unavailable);
+    std::puts(unavailable ? "unavailable" : "other");
+    return 0;
+}
+
+int main(int count, char **arguments)
+{
+    QCoreApplication application(count, arguments);
+    if (application.arguments().contains(u"--only-connect"_s))
+        return onlyConnect();
+    EvolutionStoreTest test;
+    return QTest::qExec(&test, count, arguments);
+}
+
+#include "evolution_store_test.moc"
