@@ -1,0 +1,283 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Panels on a real display server, as the person in front of it meets them. Run by tools/desktop/run.
+#include "alert/linux/DesktopPlatform.h"
+#include "tests/alert/linux/Desktop.h"
+#include "tests/support/AlertFixture.h"
+
+#include <QGuiApplication>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <malloc.h>
+
+#include <algorithm>
+
+namespace quorvane {
+
+namespace {
+
+const QColor otherColor(Qt::magenta);
+
+Meeting soonMeeting(const QString &title)
+{
+    const double start = static_cast<double>(QDateTime::currentSecsSinceEpoch()) + 60;
+    return {.id = title, .title = title, .start = start, .end = start + 1800};
+}
+
+/// The near-black warm brown at an alert's edge, a breath of its glow included; black it is not.
+bool looksLikeTheAlert(const QColor &color)
+{
+    return color.red() >= 14 && color.red() < 64 && color.red() > color.blue() &&
+           color.green() <= color.red();
+}
+
+/// Of this process, in kB.
+qint64 residentMemory()
+{
+    QFile file(QStringLiteral("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray status = file.readAll();
+    const qsizetype at = status.indexOf("VmRSS:");
+    return status.mid(at + 6, 12).simplified().split(' ').first().toLongLong();
+}
+
+} // namespace
+
+class PanelsTest final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit PanelsTest(Desktop &desktop)
+        : m_desktop(desktop)
+    {
+    }
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void everyDisplayIsCoveredAndOneHasTheKeyboard();
+    void returnAcknowledgesWithoutAClick();
+    void theAlertLiesAboveAnotherProgramsWindowAndGivesTheKeyboardBack();
+    void aFullScreenWindowOpenedLaterNeitherCoversItNorKeepsTheKeyboard_data();
+    void aFullScreenWindowOpenedLaterNeitherCoversItNorKeepsTheKeyboard();
+    void aWindowManagerCannotCloseIt();
+    void displaysThatComeAndGoGetAndLoseTheirPanel();
+    void preparedPanelsAreShownAndOthersBuiltAnew();
+    void manyAlertsLeaveNothingBehind();
+
+private:
+    void show(const Meeting &meeting);
+    [[nodiscard]] bool coversEverything();
+    [[nodiscard]] static bool hasKeyboard();
+
+    Desktop &m_desktop;
+    std::unique_ptr<PanelPlacement> m_placement;
+    CountingChime m_chime;
+    IdleWaker m_waker;
+    AnsweringOpener m_opener;
+    StillMotion m_motion;
+    std::unique_ptr<Overlay> m_overlay;
+    int m_acknowledged = 0;
+};
+
+void PanelsTest::init()
+{
+    m_acknowledged = 0;
+    m_placement = choosePlacement();
+    m_overlay = std::make_unique<Overlay>(
+        OverlayServices{*m_placement, m_chime, m_waker, m_opener, m_motion, [] { return true; }});
+}
+
+void PanelsTest::cleanup()
+{
+    m_overlay.reset();
+    m_placement.reset();
+}
+
+void PanelsTest::show(const Meeting &meeting)
+{
+    QSignalSpy painted(m_overlay.get(), &Overlay::painted);
+    m_overlay->show(
+        meeting,
+        [this] {
+            ++m_acknowledged;
+            m_overlay->close();
+        },
+        [] {});
+    QVERIFY(painted.wait(5000));
+    QTRY_VERIFY(hasKeyboard());
+}
+
+bool PanelsTest::coversEverything()
+{
+    const QList<QColor> colors = m_desktop.colors();
+    return colors.size() >= QGuiApplication::screens().size() &&
+           std::ranges::all_of(colors, looksLikeTheAlert);
+}
+
+bool PanelsTest::hasKeyboard()
+{
+    return qobject_cast<MeetingAlertPanel *>(QGuiApplication::focusWindow()) != nullptr;
+}
+
+void PanelsTest::everyDisplayIsCoveredAndOneHasTheKeyboard()
+{
+    show(soonMeeting(QStringLiteral("Design review")));
+    const std::vector<MeetingAlertPanel *> panels = m_overlay->panels();
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    QCOMPARE(qsizetype(panels.size()), screens.size());
+    QVERIFY(screens.size() > 1);
+    for (qsizetype i = 0; i < screens.size(); ++i) {
+        const MeetingAlertPanel *panel = panels[size_t(i)];
+        QVERIFY(panel->hasFullView());
+        QTRY_COMPARE(panel->size(), screens[i]->size());
+        QCOMPARE(panel->screen(), screens[i]);
+        QCOMPARE(panel->title(), QStringLiteral("Meeting alert: Design review"));
+    }
+    QCOMPARE(std::ranges::count_if(panels, &QWindow::isActive), 1);
+    QVERIFY(coversEverything());
+}
+
+void PanelsTest::returnAcknowledgesWithoutAClick()
+{
+    show(soonMeeting(QStringLiteral("Stand-up")));
+    m_desktop.press(QStringLiteral("Escape"));
+    QVERIFY(m_overlay->eventID());
+    m_desktop.press(QStringLiteral("Return"));
+    QTRY_COMPARE(m_acknowledged, 1);
+    QVERIFY(m_overlay->panels().empty());
+}
+
+void PanelsTest::theAlertLiesAboveAnotherProgramsWindowAndGivesTheKeyboardBack()
+{
+    Desktop::OtherProgram other(m_desktop, *QGuiApplication::primaryScreen());
+    QTRY_VERIFY(m_desktop.colors().contains(otherColor));
+    show(soonMeeting(QStringLiteral("One to one")));
+    QVERIFY(coversEverything());
+    m_desktop.press(QStringLiteral("Return"));
+    QTRY_COMPARE(m_acknowledged, 1);
+    QVERIFY(!other.told().contains("key"));
+
+    QTRY_VERIFY(m_desktop.colors().contains(otherColor));
+    m_desktop.press(QStringLiteral("space"));
+    QTRY_VERIFY(other.told().contains("key Space"));
+    QCOMPARE(m_acknowledged, 1);
+}
+
+void PanelsTest::aFullScreenWindowOpenedLaterNeitherCoversItNorKeepsTheKeyboard_data()
+{
+    QTest::addColumn<int>("display");
+    QTest::newRow("on the main display") << 0;
+    QTest::newRow("on another display") << 1;
+}
+
+void PanelsTest::aFullScreenWindowOpenedLaterNeitherCoversItNorKeepsTheKeyboard()
+{
+    QFETCH(int, display);
+    show(soonMeeting(QStringLiteral("Planning")));
+    Desktop::OtherProgram other(m_desktop, *QGuiApplication::screens()[display]);
+    QTRY_VERIFY(hasKeyboard());
+    QTRY_VERIFY(coversEverything());
+    m_desktop.press(QStringLiteral("Return"));
+    QTRY_COMPARE(m_acknowledged, 1);
+    QVERIFY(!other.told().contains("key"));
+}
+
+void PanelsTest::aWindowManagerCannotCloseIt()
+{
+    show(soonMeeting(QStringLiteral("Interview")));
+    for (MeetingAlertPanel *panel : m_overlay->panels())
+        QVERIFY(!panel->close());
+    if (m_desktop.kind() == Desktop::Kind::xorg)
+        m_desktop.press(QStringLiteral("alt+F4"));
+    QVERIFY(coversEverything());
+    QVERIFY(m_overlay->eventID());
+    QCOMPARE(m_acknowledged, 0);
+}
+
+void PanelsTest::displaysThatComeAndGoGetAndLoseTheirPanel()
+{
+    show(soonMeeting(QStringLiteral("Town hall")));
+    const size_t before = m_overlay->panels().size();
+    if (m_desktop.kind() == Desktop::Kind::sway) {
+        QVERIFY(m_desktop.plugIn());
+        QTRY_COMPARE(m_overlay->panels().size(), before + 1);
+        QTRY_VERIFY(coversEverything());
+    }
+    if (!m_desktop.unplug(*QGuiApplication::screens().back()))
+        QSKIP("this desktop's displays cannot be unplugged");
+    const size_t most = std::max(before, size_t(QGuiApplication::screens().size()));
+    QTRY_VERIFY(m_overlay->panels().size() < most || m_desktop.kind() == Desktop::Kind::sway);
+    QTRY_VERIFY(coversEverything());
+    if (m_desktop.kind() == Desktop::Kind::xorg) {
+        QVERIFY(m_desktop.plugIn());
+        QTRY_COMPARE(m_overlay->panels().size(), before);
+        QTRY_VERIFY(coversEverything());
+        QVERIFY(m_desktop.unplug(*QGuiApplication::primaryScreen()));
+        QTRY_COMPARE(m_overlay->panels().size(), before - 1);
+    }
+    QTRY_VERIFY(hasKeyboard());
+    m_desktop.press(QStringLiteral("Return"));
+    QTRY_COMPARE(m_acknowledged, 1);
+}
+
+void PanelsTest::preparedPanelsAreShownAndOthersBuiltAnew()
+{
+    const Meeting first = soonMeeting(QStringLiteral("First"));
+    const Meeting second = soonMeeting(QStringLiteral("Second"));
+    m_overlay->prepare(first);
+    QTest::qWait(50);
+    QVERIFY(std::ranges::none_of(m_desktop.colors(), looksLikeTheAlert));
+    QVERIFY(m_overlay->panels().empty());
+    show(first);
+    QVERIFY(coversEverything());
+    m_overlay->prepare(second);
+    QVERIFY(coversEverything());
+    show(second);
+    QCOMPARE(m_overlay->panels().size(), size_t(QGuiApplication::screens().size()));
+    QCOMPARE(m_overlay->panels().front()->title(), QStringLiteral("Meeting alert: Second"));
+    m_overlay->prepare(first);
+    show(second);
+    QCOMPARE(m_overlay->panels().front()->title(), QStringLiteral("Meeting alert: Second"));
+    m_desktop.press(QStringLiteral("Return"));
+    QTRY_COMPARE(m_acknowledged, 1);
+}
+
+void PanelsTest::manyAlertsLeaveNothingBehind()
+{
+    constexpr int rounds = 30;
+    const qsizetype windowsBefore = QGuiApplication::allWindows().size();
+    qint64 memoryBefore = 0;
+    for (int round = 0; round < rounds; ++round) {
+        show(soonMeeting(QStringLiteral("Round %1").arg(round)));
+        m_overlay->close();
+        QTRY_COMPARE(QGuiApplication::allWindows().size(), windowsBefore);
+        // The first rounds fill the caches.
+        if (round == rounds / 3)
+            memoryBefore = residentMemory();
+    }
+    malloc_trim(0);
+    const qint64 growth = residentMemory() - memoryBefore;
+    QVERIFY2(growth < 8 * 1024, qPrintable(QStringLiteral("grew by %1 kB").arg(growth)));
+}
+
+} // namespace quorvane
+
+int main(int argc, char **argv)
+{
+    quorvane::Desktop desktop;
+    // The program's own choice of platform is part of what is tested.
+    qunsetenv("QT_QPA_PLATFORM");
+    quorvane::preparePlatform();
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    quorvane::PanelsTest test(desktop);
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "panels_test.moc"
