@@ -3,6 +3,7 @@
 
 #include "app/QuorvaneApp.h"
 
+#include "alert/PanelPlacement.h"
 #include "alert/linux/CanberraChime.h"
 #include "alert/linux/DesktopDisplayWaker.h"
 #include "alert/linux/DesktopMotionPreference.h"
