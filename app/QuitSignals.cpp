@@ -13,9 +13,7 @@
 
 namespace quorvane {
 
-// Made before any thread is, so that every thread inherits the blocked signals and they arrive here alone.
-QuitSignals::QuitSignals(QObject *parent)
-    : QObject(parent)
+QuitSignals::QuitSignals()
 {
     sigset_t quitting;
     ::sigemptyset(&quitting);
@@ -23,6 +21,10 @@ QuitSignals::QuitSignals(QObject *parent)
         ::sigaddset(&quitting, signal);
     ::pthread_sigmask(SIG_BLOCK, &quitting, nullptr);
     m_descriptor = ::signalfd(-1, &quitting, SFD_CLOEXEC | SFD_NONBLOCK);
+}
+
+void QuitSignals::listen()
+{
     auto *notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(), &QCoreApplication::quit);
 }

@@ -7,14 +7,19 @@
 
 namespace quorvane {
 
-/// Turns SIGTERM, SIGINT and SIGHUP into a clean end of the event loop. One instance at most.
+/// Turns SIGTERM, SIGINT and SIGHUP into a clean end of the event loop. Make it before any thread starts, so
+/// that every thread inherits the blocked signals and they arrive here alone; Qt starts threads with its
+/// application.
 class QuitSignals final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit QuitSignals(QObject *parent = nullptr);
+    QuitSignals();
     ~QuitSignals() override;
+
+    /// From now on a signal ends the event loop. Needs the application object.
+    void listen();
 
 private:
     int m_descriptor = -1;

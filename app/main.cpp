@@ -32,8 +32,9 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
         std::puts("Quorvane needs a display: start it inside a graphical session.");
         return EXIT_FAILURE;
     }
+    quorvane::QuitSignals quitSignals;
     QGuiApplication application(argc, argv);
-    const quorvane::QuitSignals quitSignals;
+    quitSignals.listen();
     QGuiApplication::setApplicationName(u"Quorvane"_s);
     QGuiApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QGuiApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
