@@ -98,9 +98,7 @@ int TakeoverMetrics::titleLines(qreal height) const
 
 qreal TakeoverMetrics::blockY(qreal windowHeight, qreal height) const
 {
-    const qreal centred = std::round((windowHeight - height) / 2 + blockShift);
-    const qreal lowest = std::floor(windowHeight - bottomMargin - height);
-    return std::max<qreal>(blockTop, std::min(centred, lowest));
+    return std::max<qreal>(blockTop, std::round((windowHeight - height) / 2 + blockShift));
 }
 
 } // namespace quorvane

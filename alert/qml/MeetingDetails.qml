@@ -17,7 +17,8 @@ Flickable {
     readonly property real heightBesideTitle: headline.height + dialSpace.height + time.height + hint.height
         + metrics.titleGap
 
-    height: Math.max(0, Math.min(contentHeight, Math.floor(room)))
+    // Fonts round their lines up; half of the bottom margin makes up for it.
+    height: Math.max(0, Math.min(contentHeight, Math.floor(room + metrics.bottomMargin / 2)))
     contentWidth: width
     contentHeight: Math.round(column.height)
     flickableDirection: Flickable.VerticalFlick
