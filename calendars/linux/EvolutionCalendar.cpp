@@ -20,12 +20,29 @@ std::string utcText(time_t time)
     return icaltime_as_ical_string(icaltime_from_timet_with_zone(time, 0, icaltimezone_get_utc_timezone()));
 }
 
-/// All series and their overrides, and what takes place around the span; the rest is worked out here. (The
-/// library's own expansion shows moved occurrences at their old times too and cannot be cancelled.)
-std::string queryFor(time_t from, time_t to)
+/// All series and their overrides. (The library's own expansion is of no use: it shows moved occurrences at
+/// their old times too and cannot be cancelled.)
+constexpr const char *allSeries = "(has-recurrences?)";
+
+/// What takes place around the span. Asked for alone, the service finds it by an index; together with the
+/// series in one query it would work out the times of every event that there is.
+std::string aroundSpan(time_t from, time_t to)
 {
-    return "(or (has-recurrences?) (occur-in-time-range? (make-time \"" + utcText(from - day) +
-           "\") (make-time \"" + utcText(to + day) + "\")))";
+    return "(occur-in-time-range? (make-time \"" + utcText(from - day) + "\") (make-time \"" +
+           utcText(to + day) + "\"))";
+}
+
+Result<void> collect(ECalClient *client, const std::string &query, EventCollection &collection,
+                     GCancellable *cancellable)
+{
+    GSList *list = nullptr;
+    GError *error = nullptr;
+    if (!e_cal_client_get_object_list_sync(client, query.c_str(), &list, cancellable, &error))
+        return Failure(make_error_code(calendarError(GlibError(error))));
+    for (GSList *item = list; item; item = item->next)
+        collection.add(GlibPointer<ICalComponent>(static_cast<ICalComponent *>(item->data)));
+    g_slist_free(list);
+    return {};
 }
 
 void notice(gpointer, gpointer, gpointer changed)
@@ -85,15 +102,12 @@ Result<std::vector<CalendarEvent>> EvolutionCalendar::occurrences(const QString 
                                                                   OwnAddresses addresses, time_t from,
                                                                   time_t to, GCancellable *cancellable)
 {
-    GSList *list = nullptr;
-    GError *error = nullptr;
-    if (!e_cal_client_get_object_list_sync(m_client.get(), queryFor(from, to).c_str(), &list, cancellable,
-                                           &error))
-        return Failure(make_error_code(calendarError(GlibError(error))));
+    // A component found twice counts once.
     EventCollection collection;
-    for (GSList *item = list; item; item = item->next)
-        collection.add(GlibPointer<ICalComponent>(static_cast<ICalComponent *>(item->data)));
-    g_slist_free(list);
+    for (const std::string &query : {std::string(allSeries), aroundSpan(from, to)}) {
+        if (const auto done = collect(m_client.get(), query, collection, cancellable); !done)
+            return Failure(done.error());
+    }
 
     gchar *address = nullptr;
     if (e_client_get_backend_property_sync(E_CLIENT(m_client.get()), E_CAL_BACKEND_PROPERTY_CAL_EMAIL_ADDRESS,
