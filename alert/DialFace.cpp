@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace quorvane {
 
@@ -66,7 +67,7 @@ void DialFace::paint(QPainter *painter)
 
 void DialFace::paintTicks(QPainter &painter, qreal side) const
 {
-    const qreal width = 0.0066 * side;
+    const qreal width = std::ceil(0.0066 * side);
     const qreal inset = trackWidth + std::max(6.0, 0.036 * side);
     for (int tick = 0; tick < tickCount; ++tick) {
         const bool isMark = tick % ticksPerMark == 0;

@@ -18,7 +18,7 @@ Flickable {
         + metrics.titleGap
 
     // Fonts round their lines up; half of the bottom margin makes up for it.
-    height: Math.max(0, Math.min(contentHeight, Math.floor(room + metrics.bottomMargin / 2)))
+    height: contentHeight <= room + metrics.bottomMargin / 2 ? contentHeight : Math.max(0, Math.floor(room))
     contentWidth: width
     contentHeight: Math.round(column.height)
     flickableDirection: Flickable.VerticalFlick

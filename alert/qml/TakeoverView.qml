@@ -135,7 +135,7 @@ FocusScope {
             x: Math.round((block.width - width) / 2)
             y: details.height + view.metrics.actionsGap
             spacing: 14
-            columns: stacked ? 1 : 3
+            columns: stacked ? 1 : joinButton.visible ? 3 : 2
 
             ActionButton {
                 id: joinButton

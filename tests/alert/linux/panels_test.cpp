@@ -182,7 +182,7 @@ void PanelsTest::aFullScreenWindowOpenedLaterNeitherCoversItNorKeepsTheKeyboard(
     show(soonMeeting(QStringLiteral("Planning")));
     Desktop::OtherProgram other(m_desktop, *QGuiApplication::screens()[display]);
     QTRY_VERIFY(hasKeyboard());
-    QTRY_VERIFY(coversEverything());
+    QVERIFY(QTest::qWaitFor([this] { return coversEverything(); }));
     m_desktop.press(QStringLiteral("Return"));
     QTRY_COMPARE(m_acknowledged, 1);
     QVERIFY(!other.told().contains("key"));
@@ -207,17 +207,17 @@ void PanelsTest::displaysThatComeAndGoGetAndLoseTheirPanel()
     if (m_desktop.kind() == Desktop::Kind::sway) {
         QVERIFY(m_desktop.plugIn());
         QTRY_COMPARE(m_overlay->panels().size(), before + 1);
-        QTRY_VERIFY(coversEverything());
+        QVERIFY(QTest::qWaitFor([this] { return coversEverything(); }));
     }
     if (!m_desktop.unplug(*QGuiApplication::screens().back()))
         QSKIP("this desktop's displays cannot be unplugged");
     const size_t most = std::max(before, size_t(QGuiApplication::screens().size()));
     QTRY_VERIFY(m_overlay->panels().size() < most || m_desktop.kind() == Desktop::Kind::sway);
-    QTRY_VERIFY(coversEverything());
+    QVERIFY(QTest::qWaitFor([this] { return coversEverything(); }));
     if (m_desktop.kind() == Desktop::Kind::xorg) {
         QVERIFY(m_desktop.plugIn());
         QTRY_COMPARE(m_overlay->panels().size(), before);
-        QTRY_VERIFY(coversEverything());
+        QVERIFY(QTest::qWaitFor([this] { return coversEverything(); }));
         QVERIFY(m_desktop.unplug(*QGuiApplication::primaryScreen()));
         QTRY_COMPARE(m_overlay->panels().size(), before - 1);
     }
