@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
+import Quorvane.Alert
 
 /// One of the alert's responses. The view above it handles the keys.
 Item {

@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Shapes
+import Quorvane.Alert
 
 /// The mark and the name on top of the alert.
 Row {

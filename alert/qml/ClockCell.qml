@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
+import Quorvane.Alert
 
 /// One character of the clock. `modelData` has its character, its width (0 for its own), lift and font.
 Text {

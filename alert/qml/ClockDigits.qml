@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
+import Quorvane.Alert
 
 /// The countdown's digits in cells of equal width, so that nothing shifts from second to second.
 Item {

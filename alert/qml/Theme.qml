@@ -15,7 +15,7 @@ QtObject {
     readonly property string textFace: "Manrope"
     // A rounded face whose stems match the ring; in its absence the text face's boldest.
     readonly property string wantedClockFace: "National Park"
-    readonly property bool hasClockFace: Qt.fontFamilies().indexOf(wantedClockFace) >= 0
+    readonly property bool hasClockFace: hasFamily(wantedClockFace)
     readonly property string clockFace: hasClockFace ? wantedClockFace : textFace
     // The clock face must be asked for at its heaviest, or its outlined style may be chosen.
     readonly property int clockWeight: hasClockFace ? Font.Black : Font.ExtraBold
@@ -27,6 +27,15 @@ QtObject {
     readonly property string checkIcon: "M 50 126 l 46 46 L 190 74"
     readonly property string clockArrowIcon: "M 205 120 a 85 85 0 1 1 -23.5 -58.7 M 186 26 v 39 h -39 "
         + "M 120 76 V 120 l 31 20"
+
+    function hasFamily(name: string) : bool {
+        const families = Qt.fontFamilies();
+        for (let index = 0; index < families.length; ++index) {
+            if (families[index] === name)
+                return true;
+        }
+        return false;
+    }
 
     function faded(base: color, opacity: real) : color {
         return Qt.rgba(base.r, base.g, base.b, opacity);
