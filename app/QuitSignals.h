@@ -22,6 +22,8 @@ public:
     void listen();
 
 private:
+    void obey();
+
     int m_descriptor = -1;
 };
 
