@@ -20,16 +20,12 @@ std::string utcText(time_t time)
     return icaltime_as_ical_string(icaltime_from_timet_with_zone(time, 0, icaltimezone_get_utc_timezone()));
 }
 
-/// All series and their overrides. (The library's own expansion is of no use: it shows moved occurrences at
-/// their old times too and cannot be cancelled.)
-constexpr const char *allSeries = "(has-recurrences?)";
-
-/// What takes place around the span. Asked for alone, the service finds it by an index; together with the
-/// series in one query it would work out the times of every event that there is.
-std::string aroundSpan(time_t from, time_t to)
+/// All series and their overrides, and what takes place around the span; the rest is worked out here. (The
+/// library's own expansion shows moved occurrences at their old times too and cannot be cancelled.)
+std::string queryFor(time_t from, time_t to)
 {
-    return "(occur-in-time-range? (make-time \"" + utcText(from - day) + "\") (make-time \"" +
-           utcText(to + day) + "\"))";
+    return "(or (has-recurrences?) (occur-in-time-range? (make-time \"" + utcText(from - day) +
+           "\") (make-time \"" + utcText(to + day) + "\")))";
 }
 
 Result<void> collect(ECalClient *client, const std::string &query, EventCollection &collection,
@@ -102,12 +98,9 @@ Result<std::vector<CalendarEvent>> EvolutionCalendar::occurrences(const QString 
                                                                   OwnAddresses addresses, time_t from,
                                                                   time_t to, GCancellable *cancellable)
 {
-    // A component found twice counts once.
     EventCollection collection;
-    for (const std::string &query : {std::string(allSeries), aroundSpan(from, to)}) {
-        if (const auto done = collect(m_client.get(), query, collection, cancellable); !done)
-            return Failure(done.error());
-    }
+    if (const auto done = collect(m_client.get(), queryFor(from, to), collection, cancellable); !done)
+        return Failure(done.error());
 
     gchar *address = nullptr;
     if (e_client_get_backend_property_sync(E_CLIENT(m_client.get()), E_CAL_BACKEND_PROPERTY_CAL_EMAIL_ADDRESS,

@@ -7,6 +7,8 @@
 
 #include <gio/gio.h>
 
+#include <string>
+
 namespace quorvane {
 
 /// Makes sure that the service which knows the user's accounts runs, starting it where it is installed. Asked
@@ -14,5 +16,9 @@ namespace quorvane {
 /// can be cancelled. Fails with `CalendarError::unavailable` when there is no session bus or no such service,
 /// with `CalendarError::timedOut` when it does not answer.
 [[nodiscard]] Result<void> wakeEvolutionService(GCancellable *cancellable);
+
+/// The bus connection of the service that holds the calendars, which is another one each time that it is
+/// started; empty while it does not run.
+[[nodiscard]] std::string calendarServiceOwner(GCancellable *cancellable);
 
 } // namespace quorvane

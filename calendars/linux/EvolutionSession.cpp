@@ -102,11 +102,33 @@ Result<std::vector<CalendarOption>> EvolutionSession::calendars(const std::stop_
     return options;
 }
 
+/// A calendar that was opened before the service died must not be used again: its address may by now be that
+/// of another calendar. So everything is opened and read anew when the service was started in between.
 Result<EventReading> EvolutionSession::events(double from, double to, const QStringList &ids,
                                               const std::stop_token &stop)
 {
     if (const Result<void> connected = connect(stop); !connected)
         return Failure(connected.error());
+    const CallLimit limit(m_callLimit * 3, stop);
+    constexpr int attempts = 3;
+    for (int attempt = 1;; ++attempt) {
+        const std::string owner = calendarServiceOwner(limit.cancellable());
+        if (owner != m_owner)
+            m_open.clear();
+        const bool wasOpen = !m_open.empty();
+        Result<EventReading> reading = readAll(from, to, ids, stop);
+        m_owner = calendarServiceOwner(limit.cancellable());
+        const bool isWhole = reading && reading->unreadableCalendars.isEmpty();
+        const bool isFirstStart = owner.empty() && !wasOpen && isWhole;
+        if (owner == m_owner || isFirstStart || attempt == attempts || stop.stop_requested())
+            return reading;
+        m_open.clear();
+    }
+}
+
+Result<EventReading> EvolutionSession::readAll(double from, double to, const QStringList &ids,
+                                               const std::stop_token &stop)
+{
     EventReading reading;
     std::error_code firstError;
     bool anyRead = false;
@@ -128,20 +150,8 @@ Result<EventReading> EvolutionSession::events(double from, double to, const QStr
     return reading;
 }
 
-/// A calendar whose service has died since the last time is opened once more.
 Result<std::vector<CalendarEvent>> EvolutionSession::read(ESource *source, time_t from, time_t to,
                                                           const std::stop_token &stop)
-{
-    const bool wasOpen = m_open.contains(idOf(source));
-    auto events = readOnce(source, from, to, stop);
-    const bool isInTime = events || events.error() != make_error_code(CalendarError::timedOut);
-    if (!events && wasOpen && isInTime)
-        events = readOnce(source, from, to, stop);
-    return events;
-}
-
-Result<std::vector<CalendarEvent>> EvolutionSession::readOnce(ESource *source, time_t from, time_t to,
-                                                              const std::stop_token &stop)
 {
     if (stop.stop_requested())
         return Failure(make_error_code(CalendarError::timedOut));

@@ -17,6 +17,7 @@
 #include <map>
 #include <memory>
 #include <stop_token>
+#include <string>
 #include <vector>
 
 namespace quorvane {
@@ -40,10 +41,9 @@ private:
     void follow();
     /// The enabled calendars, ordered by identifier.
     [[nodiscard]] std::vector<GlibPointer<ESource>> enabledSources() const;
+    Result<EventReading> readAll(double from, double to, const QStringList &ids, const std::stop_token &stop);
     Result<std::vector<CalendarEvent>> read(ESource *source, time_t from, time_t to,
                                             const std::stop_token &stop);
-    Result<std::vector<CalendarEvent>> readOnce(ESource *source, time_t from, time_t to,
-                                                const std::stop_token &stop);
     Result<EvolutionCalendar *> open(ESource *source, GCancellable *cancellable);
     [[nodiscard]] OwnAddresses addressesFor(ESource *source) const;
 
@@ -51,6 +51,8 @@ private:
     std::function<void()> m_changed;
     GlibPointer<ESourceRegistry> m_registry;
     std::map<QString, std::unique_ptr<EvolutionCalendar>> m_open;
+    /// Whom the open calendars were opened at.
+    std::string m_owner;
 };
 
 } // namespace quorvane

@@ -127,16 +127,13 @@ void EvolutionStoreTest::aKilledCalendarServiceIsStartedAgain()
 {
     EvolutionStore store;
     const std::size_t before = read(store).value().events.size();
-    QSignalSpy changes(&store, &CalendarStore::changed);
     for (const qint64 process : processesBehind(u"Calendar"_s) + processesBehind(u"Subprocess"_s))
         ::kill(static_cast<pid_t>(process), SIGKILL);
-    QVERIFY(changes.wait(5000));
     const auto reading = read(store);
     QVERIFY(reading.has_value());
     QCOMPARE(reading->unreadableCalendars, QStringList());
     QCOMPARE(reading->events.size(), before);
     add(u"another"_s);
-    changes.clear();
     QTRY_VERIFY_WITH_TIMEOUT(read(store).value().events.size() == before + 1, 5000);
 }
 
