@@ -114,7 +114,7 @@ Result<EventReading> EvolutionSession::events(double from, double to, const QStr
     for (int attempt = 1;; ++attempt) {
         const std::string owner = calendarServiceOwner(limit.cancellable());
         if (owner != m_owner)
-            m_open.clear();
+            retireAll();
         const bool wasOpen = !m_open.empty();
         Result<EventReading> reading = readAll(from, to, ids, stop);
         m_owner = calendarServiceOwner(limit.cancellable());
@@ -122,8 +122,27 @@ Result<EventReading> EvolutionSession::events(double from, double to, const QStr
         const bool isFirstStart = owner.empty() && !wasOpen && isWhole;
         if (owner == m_owner || isFirstStart || attempt == attempts || stop.stop_requested())
             return reading;
-        m_open.clear();
+        retireAll();
     }
+}
+
+void EvolutionSession::retireAll()
+{
+    while (!m_open.empty())
+        retire(m_open.begin()->first);
+}
+
+/// Letting go of a calendar sends word to its address to close it, and once the service was restarted that is
+/// the address of another calendar, perhaps of one just opened. So calendars that failed are kept for a good
+/// while.
+void EvolutionSession::retire(const QString &id)
+{
+    constexpr std::size_t most = 100;
+    const auto found = m_open.find(id);
+    m_retired.push_back(std::move(found->second));
+    m_open.erase(found);
+    if (m_retired.size() > most)
+        m_retired.pop_front();
 }
 
 Result<EventReading> EvolutionSession::readAll(double from, double to, const QStringList &ids,
@@ -161,8 +180,8 @@ Result<std::vector<CalendarEvent>> EvolutionSession::read(ESource *source, time_
         return Failure(calendar.error());
     auto events = (*calendar)->occurrences(idOf(source), nameOf(source), addressesFor(source), from, to,
                                            limit.cancellable());
-    if (!events)
-        m_open.erase(idOf(source));
+    if (!events && events.error() != make_error_code(CalendarError::timedOut))
+        retire(idOf(source));
     return events;
 }
 

@@ -13,6 +13,7 @@
 #include <libecal/libecal.h>
 
 #include <chrono>
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -41,6 +42,8 @@ private:
     void follow();
     /// The enabled calendars, ordered by identifier.
     [[nodiscard]] std::vector<GlibPointer<ESource>> enabledSources() const;
+    void retireAll();
+    void retire(const QString &id);
     Result<EventReading> readAll(double from, double to, const QStringList &ids, const std::stop_token &stop);
     Result<std::vector<CalendarEvent>> read(ESource *source, time_t from, time_t to,
                                             const std::stop_token &stop);
@@ -51,6 +54,7 @@ private:
     std::function<void()> m_changed;
     GlibPointer<ESourceRegistry> m_registry;
     std::map<QString, std::unique_ptr<EvolutionCalendar>> m_open;
+    std::deque<std::unique_ptr<EvolutionCalendar>> m_retired;
     /// Whom the open calendars were opened at.
     std::string m_owner;
 };

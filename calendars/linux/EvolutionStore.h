@@ -17,6 +17,8 @@ class EvolutionSession;
 /// keeps them; those that are switched on there. Fails with `CalendarError::unavailable` where the service is
 /// not installed or there is no session bus. A service that was killed is started again by the next call, one
 /// that hangs costs its calendars a third of the limit each.
+/// One per process: the service counts all openings of a calendar by one process as one, so that the end of
+/// one store would close the calendars of another.
 class EvolutionStore final : public CalendarStore
 {
     Q_OBJECT
