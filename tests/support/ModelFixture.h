@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/AppModel.h"
+#include "model/Launch.h"
+#include "tests/support/AlertFixture.h"
+#include "tests/support/ManualTime.h"
+#include "tests/support/ScriptedStore.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace quorvane {
+
+class NoActivities final : public ProcessActivities
+{
+public:
+    [[nodiscard]] std::unique_ptr<ActivityToken> beginLatencyCritical(const QString &) override
+    {
+        return std::make_unique<ActivityToken>();
+    }
+};
+
+/// A model on a clock, a store and an alert of the test's, with its files in a folder that goes away.
+class ModelFixture
+{
+public:
+    static constexpr double noon = 1'800'000'000;
+
+    ModelFixture()
+    {
+        std::vector<std::unique_ptr<CalendarStore>> stores;
+        stores.push_back(std::unique_ptr<CalendarStore>(store));
+        reader = std::make_unique<CalendarReader>(std::move(stores));
+        clock.time = noon;
+    }
+
+    void start(AppModel::Mode mode = AppModel::Mode::live)
+    {
+        const AppModelServices services{*reader, alert.overlay, preferences, clock,
+                                        ticks,   wakes,         activities,  ledgerFile()};
+        model = std::make_unique<AppModel>(mode, services);
+    }
+
+    void restart()
+    {
+        model.reset();
+        alert.overlay.close();
+        start();
+    }
+
+    void tickAt(double time)
+    {
+        clock.time = time;
+        Q_EMIT ticks.tick();
+    }
+
+    /// Identifier of the meeting on screen; empty when there is none.
+    [[nodiscard]] QString shown() const { return alert.overlay.eventID().value_or(QString()); }
+
+    [[nodiscard]] QString ledgerFile() const
+    {
+        return dir.filePath(QStringLiteral("data/acknowledgments.json"));
+    }
+
+    void addSetting(const QString &line) const
+    {
+        QFile file(dir.filePath(QStringLiteral("settings.ini")));
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Append));
+        file.write(line.toUtf8() + '\n');
+    }
+
+    QTemporaryDir dir;
+    AlertFixture alert;
+    /// Owned by the reader.
+    ScriptedStore *store = new ScriptedStore;
+    ManualClock clock;
+    ManualTicks ticks;
+    ManualWakes wakes;
+    NoActivities activities;
+    Preferences preferences{dir.filePath(QStringLiteral("settings.ini"))};
+    std::unique_ptr<CalendarReader> reader;
+    std::unique_ptr<AppModel> model;
+};
+
+} // namespace quorvane
