@@ -1,14 +1,19 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Quorvane authors
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The main job on a Wayland compositor without layer-shell and without X: two displays, mutter."""
+"""The main job on a Wayland compositor without layer-shell, with X beside it and without: two displays, mutter."""
 from harness import SystemTest, main
-from desktop import MutterDesktop
+from desktop import MutterDesktop, MutterX11Desktop
 
 
 class AlertWithoutLayerShell(SystemTest):
     def test_full_screen_windows_cover_two_displays_until_return(self):
-        desktop = MutterDesktop()
+        self.assert_covers_until_return(MutterDesktop())
+
+    def test_with_x_beside_it_panels_cover_two_displays_until_return(self):
+        self.assert_covers_until_return(MutterX11Desktop())
+
+    def assert_covers_until_return(self, desktop):
         program = self.quorvane(desktop)
         event = self.meeting_soon(program)
         self.assert_alerts_on_time(program, event)

@@ -4,8 +4,8 @@
 """What a person's answers lead to: snooze, and meetings that meet."""
 import time
 
-from harness import Event, SystemTest, main, seconds_from_now
-from desktop import SwayDesktop, XorgDesktop
+from harness import Event, SystemTest, main, seconds_from_now, wait_until
+from desktop import EMBER, SwayDesktop, XorgDesktop
 
 ONE_DISPLAY = ((1280, 720),)
 
@@ -25,7 +25,6 @@ class Answers(SystemTest):
         first, second = (Event(title, start) for title in ("Design review", "Budget"))
         program.add(first, "work")
         program.add(second, "private")
-        shown = program.wait_shown
         both = {first.meeting_id(): first, second.meeting_id(): second}
         early = self.shown_first(program, both, start)
         late = next(event for key, event in both.items() if key != early.meeting_id())
@@ -33,7 +32,7 @@ class Answers(SystemTest):
         self.assert_alert_on_every_display(desktop)
         desktop.press("Return")
         program.wait_acknowledged(early.meeting_id())
-        shown(late.meeting_id(), 3)
+        program.wait_shown(late.meeting_id(), 3)
         self.assert_alert_on_every_display(desktop)
         self.assert_return_acknowledges(desktop, program, late)
         self.assertTrue(program.stays_silent(2))
@@ -74,11 +73,16 @@ class Answers(SystemTest):
         self.assert_return_acknowledges(desktop, program, event)
 
     def click_snooze(self, desktop):
-        raise NotImplementedError
+        """The row of buttons is centred: its last ends as far from the right as the first, a filled one, begins
+        from the left. The colour is that of a meeting that has begun."""
+        picture = self.pictures(desktop)[0]
+        button = picture.box(EMBER, top=0.6)
+        main_display = desktop.outputs[0]
+        desktop.click(round((1 - button.left) * main_display.width) - 80,
+                      round(button.bottom * main_display.height) - 20)
 
     def shown_first(self, program, both, start):
         time.sleep(max(start - 60 - time.time(), 0))
-        from harness import wait_until
         return wait_until("the first of two alerts", lambda: next(
             (event for key, event in both.items() if program.record(key).get("shownAt", 0)), None), 3)
 

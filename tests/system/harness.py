@@ -98,7 +98,7 @@ def words_typed(path):
 
 
 def main():
-    unittest.main(module="__main__", verbosity=2)
+    unittest.main(module="__main__", verbosity=2, warnings="ignore")
 
 
 __all__ = ["DesktopError", "Event", "Picture", "Program", "SOON", "SystemTest", "main", "seconds_from_now",

@@ -4,7 +4,7 @@
 """What outlives a crash: an alert that nobody answered, and an answer."""
 import os
 
-from harness import Event, SystemTest, main, seconds_from_now
+from harness import Event, SystemTest, main, seconds_from_now, wait_until
 from desktop import SwayDesktop
 
 ONE_DISPLAY = ((1280, 720),)
@@ -61,8 +61,6 @@ class Restart(SystemTest):
         self.assertFalse(program.record(event.meeting_id())["acknowledged"])
 
     def wait_until_readable(self, program):
-        from harness import wait_until
-
         def readable():
             try:
                 return program.ledger() is not None

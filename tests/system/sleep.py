@@ -24,8 +24,11 @@ class Sleep(SystemTest):
         path = program.add(event)
         self.assertTrue(program.stays_silent(2))
         start = seconds_from_now(30)
-        self.change_unnoticed(path, utc(event.start), utc(start))
-        self.change_unnoticed(path, utc(event.start + 1800), utc(start + 1800))
+        file = self.enterContext(open(path, "r+b"))
+        memory = self.enterContext(mmap.mmap(file.fileno(), 0))
+        # File notifications tell nothing of a write through a memory map while the file stays open.
+        self.replace(memory, utc(event.start), utc(start))
+        self.replace(memory, utc(event.start + 1800), utc(start + 1800))
         self.assertTrue(program.stays_silent(2), "the change was noticed without waking")
         self.emit_sleep(True)
         self.emit_sleep(False)
@@ -50,12 +53,10 @@ class Sleep(SystemTest):
                            None, 0, 2000, None)
 
     @staticmethod
-    def change_unnoticed(path, old, new):
-        """Overwrites bytes through a memory map, which file notifications do not tell."""
-        with open(path, "r+b") as file, mmap.mmap(file.fileno(), 0) as memory:
-            at = memory.find(old.encode())
-            assert at >= 0 and len(old) == len(new)
-            memory[at:at + len(new)] = new.encode()
+    def replace(memory, old, new):
+        at = memory.find(old.encode())
+        assert at >= 0 and len(old) == len(new)
+        memory[at:at + len(new)] = new.encode()
 
 
 if __name__ == "__main__":

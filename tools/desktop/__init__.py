@@ -11,17 +11,18 @@ import os
 
 from .attached import attach
 from .events import LINK, Event, seconds_from_now, utc, write_event
-from .mutter import MutterDesktop
+from .mutter import MutterDesktop, MutterX11Desktop
 from .output import SIZES, Output
 from .own import OwnDisplays
-from .pictures import Picture
+from .pictures import AMBER, EMBER, Picture
 from .processes import DesktopError, Processes, signal_group, wait_until
 from .program import ROOT, Program, binary
 from .session import Session
 from .sway import SwayDesktop
 from .xorg import XorgDesktop
 
-DESKTOPS = {"xorg": XorgDesktop, "sway": SwayDesktop, "mutter": MutterDesktop, "none": Session}
+DESKTOPS = {"xorg": XorgDesktop, "sway": SwayDesktop, "mutter": MutterDesktop, "mutter-x11": MutterX11Desktop,
+            "none": Session}
 
 
 def best_for_this_machine():

@@ -1,7 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Quorvane authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Headless mutter, GNOME's compositor: Wayland without layer-shell, two monitors."""
+import glob
 import os
+import re
 import time
 
 from .output import Output, row
@@ -102,6 +104,7 @@ class MutterControls:
 
 class MutterDesktop(MutterControls, Session):
     kind = "mutter"
+    x11 = False
 
     def __init__(self, sizes=SIZES, **options):
         super().__init__(**options)
@@ -109,7 +112,8 @@ class MutterDesktop(MutterControls, Session):
 
     def start_display(self):
         self.env["GSETTINGS_BACKEND"] = "memory"
-        argv = ["mutter", "--headless", "--wayland", "--no-x11", "--wayland-display", "wayland-mutter"]
+        argv = ["mutter", "--headless", "--wayland", "--wayland-display", "wayland-mutter"]
+        argv += [] if self.x11 else ["--no-x11"]
         for width, height in self.sizes:
             argv += ["--virtual-monitor", f"{width}x{height}"]
         self.start("pipewire", ["pipewire"])
@@ -130,3 +134,15 @@ class MutterDesktop(MutterControls, Session):
             return self.read_outputs() == wanted
         except self.glib.Error:
             return False
+
+
+class MutterX11Desktop(MutterDesktop):
+    """The same with Xwayland, as GNOME sessions have it."""
+
+    x11 = True
+
+    def start_display(self):
+        super().start_display()
+        with open(self.log("mutter"), encoding="utf-8", errors="replace") as log:
+            self.env["DISPLAY"] = re.search(r"public X11 display (:\d+)", log.read())[1]
+        self.env["XAUTHORITY"], = glob.glob(os.path.join(self.env["XDG_RUNTIME_DIR"], ".mutter-Xwaylandauth.*"))

@@ -3,12 +3,21 @@
 """What a picture of a display shows, told by its colours."""
 import subprocess
 from collections import Counter
+from typing import NamedTuple
 
 from .processes import DesktopError
 
 AMBER = ((225, 150, 40), (255, 215, 175))  # the dial's and the first button's colours: sand, amber
 EMBER = ((235, 120, 70), (255, 160, 110))
 CREAM = ((225, 215, 200), (255, 250, 240))
+
+
+class Box(NamedTuple):
+    """Shares of a picture's width and height."""
+    left: float
+    top: float
+    right: float
+    bottom: float
 
 
 class Picture:
@@ -33,6 +42,17 @@ class Picture:
         low, high = low_high
         inside = sum(all(a <= c <= b for a, c, b in zip(low, pixel, high)) for pixel in self.pixels)
         return inside / len(self.pixels)
+
+    def box(self, low_high, top=0.0):
+        """Where the pixels within a range of colours lie, below the share `top` of the height; None without any."""
+        low, high = low_high
+        places = [(index % self.width, index // self.width) for index, pixel in enumerate(self.pixels)
+                  if index >= top * len(self.pixels) and all(a <= c <= b for a, c, b in zip(low, pixel, high))]
+        if not places:
+            return None
+        columns, rows = zip(*places)
+        return Box(min(columns) / self.width, min(rows) / self.height, (max(columns) + 1) / self.width,
+                   (max(rows) + 1) / self.height)
 
     def colours(self):
         return len(Counter(self.pixels))

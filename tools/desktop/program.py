@@ -51,7 +51,9 @@ class Program:
 
     def start(self):
         os.makedirs(self.calendars, exist_ok=True)
-        self.process = self.desktop.start("quorvane", [binary(), *self.arguments], **self.environment)
+        # Which of Qt's platforms suits the session is for the program to find out.
+        self.process = self.desktop.start("quorvane", [binary(), *self.arguments], without=("QT_QPA_PLATFORM",),
+                                          **self.environment)
 
     def kill(self):
         """Ends it as a crash would."""

@@ -55,9 +55,11 @@ class Session:
         if not self.keep:
             shutil.rmtree(self.folder, ignore_errors=True)
 
-    def start(self, name, argv, **more_env):
-        """Starts a program in the session; its output goes to `log(name)`."""
-        return self.processes.start(name, argv, {**self.env, **more_env})
+    def start(self, name, argv, without=(), **more_env):
+        """Starts a program in the session, in its environment without some variables and with others; its output
+        goes to `log(name)`."""
+        env = {key: value for key, value in self.env.items() if key not in without}
+        return self.processes.start(name, argv, {**env, **more_env})
 
     def end(self, process):
         return self.processes.end(process)
