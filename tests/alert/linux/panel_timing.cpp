@@ -76,7 +76,7 @@ int main(int argc, char **argv)
     Overlay overlay({*placement, chime, waker, opener, motion, [] { return true; }});
     QTest::qWait(300);
     if (QGuiApplication::arguments().contains(QStringLiteral("hold"))) {
-        overlay.show(soonMeeting(), [] { QCoreApplication::quit(); }, [] { QCoreApplication::quit(); });
+        overlay.show(soonMeeting(), [] { QCoreApplication::exit(); }, [] { QCoreApplication::exit(); });
         return QGuiApplication::exec();
     }
     std::printf("%d displays on %s\n", int(QGuiApplication::screens().size()),
