@@ -96,6 +96,7 @@ QCoro::Task<std::vector<CalendarOption>> CalendarReader::calendars()
 {
     QPointer<CalendarReader> self(this);
     std::vector<QCoro::Task<Result<std::vector<CalendarOption>>>> answers;
+    answers.reserve(m_sources.size());
     for (const auto &source : m_sources)
         answers.push_back(source->store->calendars());
     std::vector<CalendarOption> all;

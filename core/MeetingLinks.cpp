@@ -46,7 +46,7 @@ std::optional<QUrl> Meeting::safeJoinURL(const std::optional<QString> &text)
 {
     if (!text)
         return std::nullopt;
-    const QUrl url(*text, QUrl::StrictMode);
+    QUrl url(*text, QUrl::StrictMode);
     if (!url.isValid() || url.isRelative() || url.host().isEmpty())
         return std::nullopt;
     const QString scheme = url.scheme().toLower();
@@ -60,7 +60,7 @@ std::optional<QString> Meeting::findJoinURL(const QString &text)
 {
     LinkDetector detector(text);
     while (const auto link = detector.next()) {
-        const QString candidate = link->toString();
+        QString candidate = link->toString();
         const auto url = safeJoinURL(candidate);
         if (url && isVideoHost(url->host().toLower()))
             return candidate;

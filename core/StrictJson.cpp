@@ -42,7 +42,7 @@ StrictJson::StrictJson(QJsonObject object)
 
 QJsonValue StrictJson::required(QLatin1StringView key, QJsonValue::Type type)
 {
-    const QJsonValue value = m_object.value(key);
+    QJsonValue value = m_object.value(key);
     if (value.type() == type)
         return value;
     if (!m_failure)

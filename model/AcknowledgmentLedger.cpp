@@ -44,10 +44,10 @@ Result<AlertRecords> AcknowledgmentLedger::decoded(const QByteArray &bytes) cons
     for (auto entry = object->begin(); entry != object->end(); ++entry) {
         if (!entry->isObject())
             return Failure(JsonError::wrongType);
-        auto record = AlertRecord::fromJson(entry->toObject());
+        const auto record = AlertRecord::fromJson(entry->toObject());
         if (!record)
             return Failure(record.error());
-        records.insert(entry.key(), std::move(*record));
+        records.insert(entry.key(), *record);
     }
     return records;
 }
