@@ -68,7 +68,11 @@ void Overlay::prepare(const Meeting &event)
     if (m_panels != nullptr && m_panels->event() == event)
         return;
     PanelSet *prepared = takePrepared(event);
-    m_prepared = prepared != nullptr ? prepared : build(event);
+    if (prepared == nullptr) {
+        prepared = build(event);
+        prepared->drawAhead();
+    }
+    m_prepared = prepared;
     m_preparedTimer.start();
 }
 

@@ -46,6 +46,20 @@ void PanelSet::build(const QList<QScreen *> &screens)
     sortByDisplay();
 }
 
+void PanelSet::drawAhead()
+{
+    // Other backends cannot draw a window that is not on screen.
+    if (QQuickWindow::sceneGraphBackend() != QLatin1StringView("software"))
+        return;
+    for (const Place &place : m_places) {
+        const auto draw = [panel = place.panel] {
+            if (!panel->isVisible())
+                panel->grabWindow();
+        };
+        QMetaObject::invokeMethod(place.panel, draw, Qt::QueuedConnection);
+    }
+}
+
 void PanelSet::show(std::function<void()> acknowledge, std::function<void()> snooze)
 {
     m_acknowledge = std::move(acknowledge);

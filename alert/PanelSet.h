@@ -41,6 +41,10 @@ public:
     /// Builds the panels for `screens`, unseen.
     void build(const QList<QScreen *> &screens);
 
+    /// Draws the built panels once, unseen and each in a turn of the event loop of its own, so that their
+    /// first real frame is a quick one.
+    void drawAhead();
+
     /// Shows the built panels and starts their countdown.
     void show(std::function<void()> acknowledge, std::function<void()> snooze);
 

@@ -16,6 +16,13 @@
 #include <thread>
 #include <utility>
 
+/// Links the sounds in, which a static library's linking would leave out. Has to stand outside of all
+/// namespaces.
+static void addSounds()
+{
+    Q_INIT_RESOURCE(sounds);
+}
+
 namespace quorvane {
 
 namespace {
@@ -76,6 +83,11 @@ void playThrough(const QByteArray &sound)
 }
 
 } // namespace
+
+CanberraChime::CanberraChime()
+{
+    addSounds();
+}
 
 void CanberraChime::play(const QString &name)
 {

@@ -16,6 +16,8 @@ namespace quorvane {
 class CanberraChime final : public ChimePlayer
 {
 public:
+    CanberraChime();
+
     void play(const QString &name) override;
 
 private:

@@ -94,7 +94,7 @@ Desktop::OtherProgram::OtherProgram(const Desktop &desktop, const QScreen &scree
                     {screen.name()});
     // Where it is allowed the keyboard it says so; elsewhere a second is plenty for it to be on screen.
     constexpr int patience = 1000;
-    static_cast<void>(QTest::qWaitFor([this] { return told().contains("focused"); }, patience));
+    static_cast<void>(QTest::qWaitFor([this] { return hasKeyboard(); }, patience));
 }
 
 Desktop::OtherProgram::~OtherProgram()
@@ -106,6 +106,11 @@ Desktop::OtherProgram::~OtherProgram()
 const QByteArray &Desktop::OtherProgram::told()
 {
     return m_told += m_process.readAll();
+}
+
+bool Desktop::OtherProgram::hasKeyboard()
+{
+    return told().lastIndexOf("has the keyboard") > told().lastIndexOf("lost the keyboard");
 }
 
 bool Desktop::run(const QString &program, const QStringList &arguments) const

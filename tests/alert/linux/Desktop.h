@@ -39,8 +39,9 @@ public:
         OtherProgram(const Desktop &desktop, const QScreen &screen);
         ~OtherProgram();
 
-        /// What it has told so far: "focused", and "key ..." for each key.
+        /// What it has told so far: "pressed ..." for each key, among others.
         [[nodiscard]] const QByteArray &told();
+        [[nodiscard]] bool hasKeyboard();
 
     private:
         QProcess m_process;

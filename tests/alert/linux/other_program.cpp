@@ -26,9 +26,10 @@ protected:
     void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(QRect({}, size()), Qt::magenta); }
     void keyPressEvent(QKeyEvent *event) override
     {
-        say(QStringLiteral("key ") + QKeySequence(event->key()).toString());
+        say(QStringLiteral("pressed ") + QKeySequence(event->key()).toString());
     }
-    void focusInEvent(QFocusEvent *) override { say(QStringLiteral("focused")); }
+    void focusInEvent(QFocusEvent *) override { say(QStringLiteral("has the keyboard")); }
+    void focusOutEvent(QFocusEvent *) override { say(QStringLiteral("lost the keyboard")); }
 };
 
 } // namespace
