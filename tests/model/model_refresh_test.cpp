@@ -115,6 +115,7 @@ void ModelRefreshTest::twoRefreshesTogetherRunOnce()
     launch(f->model->refresh());
     f->store->hangs = false;
     Q_EMIT f->store->released();
+    QTRY_VERIFY(!f->model->isRefreshing());
     QCOMPARE(f->store->listings, before + 1);
 }
 
