@@ -43,6 +43,11 @@ AppModel::Mode modeOf(const QStringList &arguments)
 /// In the order in which they are built; each uses only what stands above it.
 struct QuorvaneApp::Parts
 {
+    explicit Parts(const QProcessEnvironment &environment)
+        : opener(environment)
+    {
+    }
+
     Preferences preferences{UserFolders::settingsFile()};
     SystemClock clock;
     SecondTicker ticks;
@@ -53,13 +58,13 @@ struct QuorvaneApp::Parts
     CanberraChime chime;
     DesktopDisplayWaker waker;
     DesktopMotionPreference motion;
-    XdgLinkOpener opener{QProcessEnvironment::systemEnvironment()};
+    XdgLinkOpener opener;
     Overlay overlay{
         {*placement, chime, waker, opener, motion, [this] { return preferences.soundEnabled(); }}};
 };
 
-QuorvaneApp::QuorvaneApp(const QStringList &arguments)
-    : m_parts(std::make_unique<Parts>())
+QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment)
+    : m_parts(std::make_unique<Parts>(environment))
 {
     const AppModelServices services{m_parts->calendarReader, m_parts->overlay,         m_parts->preferences,
                                     m_parts->clock,          m_parts->ticks,           m_parts->wakes,

@@ -5,6 +5,7 @@
 
 #include "model/AppModel.h"
 
+#include <QProcessEnvironment>
 #include <QStringList>
 
 #include <cstdio>
@@ -17,7 +18,9 @@ namespace quorvane {
 class QuorvaneApp final
 {
 public:
-    explicit QuorvaneApp(const QStringList &arguments);
+    /// `environment` is what programs that this one starts (the browser) get; take it before anything is set
+    /// for Qt.
+    QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment);
     ~QuorvaneApp();
 
     [[nodiscard]] AppModel &model() const { return *m_model; }

@@ -27,6 +27,7 @@ QStringList argumentsAfterName(int argc, char **argv)
 
 int runApplication(int argc, char **argv, const QStringList &arguments)
 {
+    const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (quorvane::preparePlatform() == quorvane::SessionKind::none &&
         qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         std::puts("Quorvane needs a display: start it inside a graphical session.");
@@ -40,7 +41,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     QGuiApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
-    quorvane::QuorvaneApp quorvane(arguments);
+    quorvane::QuorvaneApp quorvane(arguments, environment);
     if (::isatty(STDOUT_FILENO) != 0)
         quorvane.reportTo(stdout);
     return QGuiApplication::exec();

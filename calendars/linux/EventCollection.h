@@ -26,6 +26,7 @@ public:
     void add(GlibPointer<ICalComponent> component);
 
     [[nodiscard]] bool isEmpty() const { return m_series.empty(); }
+    [[nodiscard]] std::size_t size() const { return m_components.size(); }
 
     /// The occurrences that overlap the span from `from` to `to` (Unix time), by start and identifier.
     [[nodiscard]] std::vector<CalendarEvent> occurrences(const EventAdapter &adapter, TimeZoneResolver &zones,

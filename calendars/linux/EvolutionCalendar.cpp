@@ -14,6 +14,13 @@ namespace quorvane {
 namespace {
 
 constexpr time_t day = 24 * 60 * 60;
+/// How long a reading is kept at the most, should word of a change ever get lost.
+constexpr auto heldAtMost = std::chrono::minutes(10);
+/// Calendars with more components than this are read anew each time rather than kept in memory.
+constexpr std::size_t mostHeld = 5'000;
+/// Costs the service next to nothing, and only a service that works answers it.
+constexpr auto emptyQuery =
+    R"((occur-in-time-range? (make-time "19700101T000000Z") (make-time "19700102T000000Z")))";
 
 std::string utcText(time_t time)
 {
@@ -41,14 +48,14 @@ Result<void> collect(ECalClient *client, const std::string &query, EventCollecti
     return {};
 }
 
-void notice(gpointer, gpointer, gpointer changed)
+void notice(gpointer, gpointer, gpointer calendar)
 {
-    (*static_cast<std::function<void()> *>(changed))();
+    static_cast<EvolutionCalendar *>(calendar)->noteChange();
 }
 
-void noticeEnd(gpointer, gpointer changed)
+void noticeEnd(gpointer, gpointer calendar)
 {
-    (*static_cast<std::function<void()> *>(changed))();
+    static_cast<EvolutionCalendar *>(calendar)->noteChange();
 }
 
 struct ZoneSource
@@ -71,14 +78,14 @@ EvolutionCalendar::EvolutionCalendar(GlibPointer<ECalClient> client, std::functi
     : m_client(std::move(client))
     , m_changed(std::move(changed))
 {
-    g_signal_connect(m_client.get(), "backend-died", G_CALLBACK(noticeEnd), &m_changed);
+    g_signal_connect(m_client.get(), "backend-died", G_CALLBACK(noticeEnd), this);
 }
 
 EvolutionCalendar::~EvolutionCalendar()
 {
     if (m_view)
-        g_signal_handlers_disconnect_by_data(m_view.get(), &m_changed);
-    g_signal_handlers_disconnect_by_data(m_client.get(), &m_changed);
+        g_signal_handlers_disconnect_by_data(m_view.get(), this);
+    g_signal_handlers_disconnect_by_data(m_client.get(), this);
 }
 
 void EvolutionCalendar::watch(GCancellable *cancellable)
@@ -88,18 +95,43 @@ void EvolutionCalendar::watch(GCancellable *cancellable)
         return;
     m_view.reset(view);
     for (const char *signal : {"objects-added", "objects-modified", "objects-removed"})
-        g_signal_connect(view, signal, G_CALLBACK(notice), &m_changed);
+        g_signal_connect(view, signal, G_CALLBACK(notice), this);
     e_cal_client_view_set_flags(view, E_CAL_CLIENT_VIEW_FLAGS_NONE,
                                 nullptr); // no listing of what is there already
     e_cal_client_view_start(view, nullptr);
+}
+
+void EvolutionCalendar::noteChange()
+{
+    m_held.reset();
+    m_changed();
+}
+
+bool EvolutionCalendar::holds(time_t from, time_t to) const
+{
+    return m_held && m_held->from <= from && to <= m_held->to &&
+           std::chrono::steady_clock::now() - m_held->since < heldAtMost;
+}
+
+Result<void> EvolutionCalendar::fetch(time_t from, time_t to, GCancellable *cancellable)
+{
+    if (holds(from, to)) {
+        EventCollection none;
+        return collect(m_client.get(), emptyQuery, none, cancellable);
+    }
+    // Spans move on with the clock: a day more keeps this reading good for the next ones.
+    Held held{.events = {}, .from = from - day, .to = to + day, .since = std::chrono::steady_clock::now()};
+    const auto done = collect(m_client.get(), queryFor(held.from, held.to), held.events, cancellable);
+    if (done)
+        m_held = std::move(held);
+    return done;
 }
 
 Result<std::vector<CalendarEvent>> EvolutionCalendar::occurrences(const QString &id, const QString &name,
                                                                   OwnAddresses addresses, time_t from,
                                                                   time_t to, GCancellable *cancellable)
 {
-    EventCollection collection;
-    if (const auto done = collect(m_client.get(), queryFor(from, to), collection, cancellable); !done)
+    if (const auto done = fetch(from, to, cancellable); !done)
         return Failure(done.error());
 
     gchar *address = nullptr;
@@ -107,7 +139,10 @@ Result<std::vector<CalendarEvent>> EvolutionCalendar::occurrences(const QString 
                                            &address, cancellable, nullptr))
         addresses.add(QString::fromUtf8(GlibText(address).get()));
     TimeZoneResolver zones(ZoneSource{m_client.get(), cancellable});
-    return collection.occurrences(EventAdapter(id, name, addresses), zones, from, to);
+    auto events = m_held->events.occurrences(EventAdapter(id, name, addresses), zones, from, to);
+    if (!m_view || m_held->events.size() > mostHeld)
+        m_held.reset();
+    return events;
 }
 
 } // namespace quorvane
