@@ -113,12 +113,22 @@ bool EvolutionCalendar::holds(time_t from, time_t to) const
            std::chrono::steady_clock::now() - m_held->since < heldAtMost;
 }
 
+Result<void> EvolutionCalendar::ping(GCancellable *cancellable) const
+{
+    EventCollection none;
+    return collect(m_client.get(), emptyQuery, none, cancellable);
+}
+
+std::string EvolutionCalendar::busName() const
+{
+    const GlibText name(e_client_dup_bus_name(E_CLIENT(m_client.get())));
+    return name ? name.get() : "";
+}
+
 Result<void> EvolutionCalendar::fetch(time_t from, time_t to, GCancellable *cancellable)
 {
-    if (holds(from, to)) {
-        EventCollection none;
-        return collect(m_client.get(), emptyQuery, none, cancellable);
-    }
+    if (holds(from, to))
+        return {};
     // Spans move on with the clock: a day more keeps this reading good for the next ones.
     Held held{.events = {}, .from = from - day, .to = to + day, .since = std::chrono::steady_clock::now()};
     const auto done = collect(m_client.get(), queryFor(held.from, held.to), held.events, cancellable);

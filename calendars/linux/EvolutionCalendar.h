@@ -15,6 +15,7 @@
 #include <ctime>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace quorvane {
@@ -32,10 +33,22 @@ public:
     /// Begins to watch for changes. Where that fails, changes are found by the next reading only.
     void watch(GCancellable *cancellable);
 
-    /// The occurrences that overlap the span, Unix time. As long as the calendar is watched and says of no
-    /// change, what was read of it is kept for some minutes and only worked out anew; the service is asked
-    /// whether it still answers all the same. `id` and `name` are the calendar's for the store's users,
-    /// `addresses` the user's own; the calendar adds the one that it knows for itself.
+    /// Whether what was read before still holds for the span (Unix time): the calendar is watched and has
+    /// said of no change. It is kept for some minutes at the most.
+    [[nodiscard]] bool holds(time_t from, time_t to) const;
+
+    /// The next reading asks the service.
+    void forget() { m_held.reset(); }
+
+    /// Asks the calendar's service something that costs it next to nothing. Fails when it is gone or hangs.
+    [[nodiscard]] Result<void> ping(GCancellable *cancellable) const;
+
+    /// The unique name of the service on the bus.
+    [[nodiscard]] std::string busName() const;
+
+    /// The occurrences that overlap the span, Unix time; without asking the service where `holds`. `id` and
+    /// `name` are the calendar's for the store's users, `addresses` the user's own; the calendar adds the one
+    /// that it knows for itself.
     [[nodiscard]] Result<std::vector<CalendarEvent>> occurrences(const QString &id, const QString &name,
                                                                  OwnAddresses addresses, time_t from,
                                                                  time_t to, GCancellable *cancellable);
@@ -53,7 +66,6 @@ private:
         std::chrono::steady_clock::time_point since;
     };
 
-    [[nodiscard]] bool holds(time_t from, time_t to) const;
     Result<void> fetch(time_t from, time_t to, GCancellable *cancellable);
 
     GlibPointer<ECalClient> m_client;

@@ -109,6 +109,8 @@ Result<EventReading> EvolutionSession::events(double from, double to, const QStr
 {
     if (const Result<void> connected = connect(stop); !connected)
         return Failure(connected.error());
+    if (auto held = heldReading(from, to, ids, stop))
+        return std::move(*held);
     const CallLimit limit(m_callLimit * 3, stop);
     constexpr int attempts = 3;
     for (int attempt = 1;; ++attempt) {
@@ -124,6 +126,38 @@ Result<EventReading> EvolutionSession::events(double from, double to, const QStr
             return reading;
         retireAll();
     }
+}
+
+/// What the calendars said before, worked out for the span, when none of them has changed and their services
+/// still answer under the names they had.
+std::optional<EventReading> EvolutionSession::heldReading(double from, double to, const QStringList &ids,
+                                                          const std::stop_token &stop)
+{
+    std::map<std::string, EvolutionCalendar *> services;
+    for (const GlibPointer<ESource> &source : enabledSources()) {
+        if (!ids.contains(idOf(source.get())))
+            continue;
+        const auto open = m_open.find(idOf(source.get()));
+        if (open == m_open.end() || !open->second->holds(static_cast<time_t>(from), static_cast<time_t>(to)))
+            return std::nullopt;
+        services.emplace(open->second->busName(), open->second.get());
+    }
+    const CallLimit limit(m_callLimit, stop);
+    for (const auto &[name, calendar] : services) {
+        if (!calendar->ping(limit.cancellable())) {
+            forgetReadings();
+            return std::nullopt;
+        }
+    }
+    auto reading = readAll(from, to, ids, stop);
+    return reading && reading->unreadableCalendars.isEmpty() ? std::optional(std::move(*reading))
+                                                             : std::nullopt;
+}
+
+void EvolutionSession::forgetReadings()
+{
+    for (const auto &[id, calendar] : m_open)
+        calendar->forget();
 }
 
 void EvolutionSession::retireAll()

@@ -17,6 +17,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -42,6 +43,9 @@ private:
     void follow();
     /// The enabled calendars, ordered by identifier.
     [[nodiscard]] std::vector<GlibPointer<ESource>> enabledSources() const;
+    std::optional<EventReading> heldReading(double from, double to, const QStringList &ids,
+                                            const std::stop_token &stop);
+    void forgetReadings();
     void retireAll();
     void retire(const QString &id);
     Result<EventReading> readAll(double from, double to, const QStringList &ids, const std::stop_token &stop);
