@@ -3,6 +3,7 @@
 
 #include "alert/linux/DesktopDisplayWaker.h"
 
+#include "alert/linux/OutputPower.h"
 #include "alert/linux/X11Server.h"
 
 #include <QDBusConnection>
@@ -49,13 +50,18 @@ void lightGnome()
 
 DesktopDisplayWaker::DesktopDisplayWaker(QObject *parent)
     : QObject(parent)
+    , m_outputPower(OutputPower::bind())
 {
 }
+
+DesktopDisplayWaker::~DesktopDisplayWaker() = default;
 
 void DesktopDisplayWaker::wake()
 {
     if (const std::optional<X11Server> server = X11Server::current())
         server->wakeDisplays();
+    if (m_outputPower)
+        m_outputPower->lightAll();
     inhibitBlanking();
     // Only KDE knows this one; elsewhere the service answers that it does not.
     send(screenSaverCall(QStringLiteral("SimulateUserActivity")));

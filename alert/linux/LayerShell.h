@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "alert/linux/WaylandGlobal.h"
+
 #include <memory>
 
-struct wl_display;
-struct wl_event_queue;
 struct zwlr_layer_shell_v1;
 
 namespace quorvane {
@@ -19,24 +19,18 @@ public:
     /// Null unless Qt runs on Wayland and the compositor offers the protocol.
     [[nodiscard]] static std::unique_ptr<LayerShell> bind();
 
-    ~LayerShell();
-    LayerShell(const LayerShell &) = delete;
-    LayerShell &operator=(const LayerShell &) = delete;
-
-    [[nodiscard]] zwlr_layer_shell_v1 *shell() const { return m_shell; }
+    [[nodiscard]] zwlr_layer_shell_v1 *shell() const;
 
     /// Waits until the compositor has handled what was sent; false when the connection is broken. Dispatches
     /// only the events of objects made from `shell`, none of Qt's.
-    [[nodiscard]] bool roundTrip() const;
+    [[nodiscard]] bool roundTrip() const { return m_global->roundTrip(); }
     /// Delivers events that have already come for objects made from `shell`.
-    void deliverPending() const;
+    void deliverPending() const { m_global->deliverPending(); }
 
 private:
-    explicit LayerShell(wl_display *display);
+    explicit LayerShell(std::unique_ptr<WaylandGlobal> global);
 
-    wl_display *m_display;
-    wl_event_queue *m_queue;
-    zwlr_layer_shell_v1 *m_shell = nullptr;
+    std::unique_ptr<WaylandGlobal> m_global;
 };
 
 } // namespace quorvane

@@ -17,7 +17,6 @@ void noteGlobal(void *data, wl_registry *, uint32_t, const char *interface, uint
 {
     auto *probe = static_cast<SessionProbe *>(data);
     probe->hasLayerShell |= std::strcmp(interface, "zwlr_layer_shell_v1") == 0;
-    probe->hasOutputPower |= std::strcmp(interface, "zwlr_output_power_manager_v1") == 0;
 }
 
 void noteRemoval(void *, wl_registry *, uint32_t) {}

@@ -12,8 +12,6 @@ struct SessionProbe
     bool hasWayland = false;
     /// It knows zwlr_layer_shell_v1.
     bool hasLayerShell = false;
-    /// It knows zwlr_output_power_manager_v1.
-    bool hasOutputPower = false;
     /// An X server is named (with Wayland: Xwayland).
     bool hasX11 = false;
 

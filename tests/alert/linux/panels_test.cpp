@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Panels on a real display server, as the person in front of it meets them. Run by tools/desktop/run.
+#include "alert/linux/DesktopDisplayWaker.h"
 #include "alert/linux/DesktopPlatform.h"
 #include "tests/alert/linux/Desktop.h"
 #include "tests/support/AlertFixture.h"
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void aFullScreenWindowOpenedLaterNeitherCoversItNorKeepsTheKeyboard();
     void aWindowManagerCannotCloseIt();
     void displaysThatComeAndGoGetAndLoseTheirPanel();
+    void anAlertLightsAnOutputThatTheCompositorHasPoweredOff();
     void preparedPanelsAreShownAndOthersBuiltAnew();
     void manyAlertsLeaveNothingBehind();
 
@@ -80,7 +82,7 @@ private:
     Desktop &m_desktop;
     std::unique_ptr<PanelPlacement> m_placement;
     CountingChime m_chime;
-    IdleWaker m_waker;
+    std::unique_ptr<DesktopDisplayWaker> m_waker;
     AnsweringOpener m_opener;
     StillMotion m_motion;
     std::unique_ptr<Overlay> m_overlay;
@@ -91,13 +93,15 @@ void PanelsTest::init()
 {
     m_acknowledged = 0;
     m_placement = choosePlacement();
+    m_waker = std::make_unique<DesktopDisplayWaker>();
     m_overlay = std::make_unique<Overlay>(
-        OverlayServices{*m_placement, m_chime, m_waker, m_opener, m_motion, [] { return true; }});
+        OverlayServices{*m_placement, m_chime, *m_waker, m_opener, m_motion, [] { return true; }});
 }
 
 void PanelsTest::cleanup()
 {
     m_overlay.reset();
+    m_waker.reset();
     m_placement.reset();
 }
 
@@ -227,6 +231,26 @@ void PanelsTest::displaysThatComeAndGoGetAndLoseTheirPanel()
     QTRY_VERIFY(hasKeyboard());
     m_desktop.press(QStringLiteral("Return"));
     QTRY_COMPARE(m_acknowledged, 1);
+}
+
+void PanelsTest::anAlertLightsAnOutputThatTheCompositorHasPoweredOff()
+{
+    if (m_desktop.kind() != Desktop::Kind::sway)
+        QSKIP("powering one output off is the business of wlroots compositors");
+    // Headless outputs stay lit; but for as long as sway wants one off, it holds its other settings back.
+    const QScreen *screen = QGuiApplication::screens().back();
+    const auto set = [this, name = screen->name()](const QString &setting, const QString &value) {
+        return m_desktop.run(QStringLiteral("swaymsg"), {QStringLiteral("output"), name, setting, value});
+    };
+    QVERIFY(set(QStringLiteral("dpms"), QStringLiteral("off")));
+    QVERIFY(set(QStringLiteral("scale"), QStringLiteral("2")));
+    QTest::qWait(100);
+    QCOMPARE(screen->devicePixelRatio(), 1.0);
+    show(soonMeeting(QStringLiteral("Night shift")));
+    QTRY_COMPARE(screen->devicePixelRatio(), 2.0);
+    QVERIFY(QTest::qWaitFor([this] { return coversEverything(); }));
+    QVERIFY(set(QStringLiteral("scale"), QStringLiteral("1")));
+    QTRY_COMPARE(screen->devicePixelRatio(), 1.0);
 }
 
 void PanelsTest::preparedPanelsAreShownAndOthersBuiltAnew()
