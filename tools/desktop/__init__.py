@@ -12,6 +12,7 @@ import os
 from .attached import attach
 from .events import LINK, Event, seconds_from_now, utc, write_event
 from .mutter import MutterDesktop, MutterX11Desktop
+from .nested import NestedSwayDesktop
 from .output import SIZES, Output
 from .own import OwnDisplays
 from .pictures import AMBER, EMBER, Picture
@@ -21,8 +22,8 @@ from .session import Session
 from .sway import SwayDesktop
 from .xorg import XorgDesktop
 
-DESKTOPS = {"xorg": XorgDesktop, "sway": SwayDesktop, "mutter": MutterDesktop, "mutter-x11": MutterX11Desktop,
-            "none": Session}
+DESKTOPS = {"xorg": XorgDesktop, "sway": SwayDesktop, "sway-nested": NestedSwayDesktop, "mutter": MutterDesktop,
+            "mutter-x11": MutterX11Desktop, "none": Session}
 
 
 def best_for_this_machine():

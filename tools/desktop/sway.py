@@ -50,42 +50,44 @@ class SwayDesktop(SwayControls, Session):
         self.sizes = sizes
 
     def start_display(self):
-        folder = os.path.join(self.folder, "sway")
-        os.mkdir(folder, 0o700)
         wanted = row(self.sizes, "HEADLESS-{}", 1)
-        self._write_configuration(os.path.join(folder, "config"), wanted)
-        user = NOBODY if os.geteuid() == 0 else None
-        env = {**self.env, "HOME": folder, "XDG_RUNTIME_DIR": folder, "SWAYSOCK": f"{folder}/ipc",
-               "XDG_CONFIG_HOME": folder, "XDG_CACHE_HOME": folder, "WLR_BACKENDS": "headless",
-               "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman", "WLR_HEADLESS_OUTPUTS": str(len(wanted))}
-        if user:
-            shutil.chown(folder, user, user)
-        sway = self.processes.start("sway", ["sway", "-c", f"{folder}/config"], env, user=user)
-        # An absolute WAYLAND_DISPLAY lets clients keep a runtime folder of their own.
-        self.env.update(SWAYSOCK=f"{folder}/ipc", WAYLAND_DISPLAY=f"{folder}/wayland-1", QT_QPA_PLATFORM="wayland",
-                        XDG_SESSION_TYPE="wayland", XDG_CURRENT_DESKTOP="sway")
-        wait_until("starting sway", lambda: self._shows(wanted), 15, sway, self.log("sway"))
+        lines = [f"output {o.name} resolution {o.width}x{o.height} position {o.x} {o.y}" for o in wanted]
+        lines += ["workspace 1 output HEADLESS-1", "focus output HEADLESS-1"]
+        sway = self.start_sway("sway", lines, WLR_BACKENDS="headless", WLR_HEADLESS_OUTPUTS=str(len(wanted)))
+        wait_until("starting sway", lambda: self.readable_outputs() == wanted, 15, sway, self.log("sway"))
         self.outputs = wanted
         # A headless seat has a keyboard only while a virtual one exists.
         self.start("keyboard", ["wtype", *(["-s", HOUR] * 8), "-k", "F35"])
-        wait_until("giving sway a keyboard", self._has_keyboard)
+        wait_until("giving sway a keyboard", self.has_keyboard)
         time.sleep(0.1)
 
-    def _write_configuration(self, path, outputs):
-        lines = ["xwayland disable", "output * bg #206020 solid_color"]
-        lines += [f"output {o.name} resolution {o.width}x{o.height} position {o.x} {o.y}" for o in outputs]
-        lines += ["workspace 1 output HEADLESS-1", "focus output HEADLESS-1"]
-        with open(path, "w", encoding="utf-8") as file:
-            file.write("\n".join(lines) + "\n")
+    def start_sway(self, name, lines, **backend):
+        """Starts sway with these further lines of configuration; the session becomes its."""
+        folder = os.path.join(self.folder, name)
+        os.mkdir(folder, 0o700)
+        with open(f"{folder}/config", "w", encoding="utf-8") as file:
+            file.write("\n".join(["xwayland disable", "output * bg #206020 solid_color", *lines]) + "\n")
+        user = NOBODY if os.geteuid() == 0 else None
+        env = {**self.env, "HOME": folder, "XDG_RUNTIME_DIR": folder, "SWAYSOCK": f"{folder}/ipc",
+               "XDG_CONFIG_HOME": folder, "XDG_CACHE_HOME": folder, "WLR_LIBINPUT_NO_DEVICES": "1",
+               "WLR_RENDERER": "pixman", **backend}
+        if user:
+            shutil.chown(folder, user, user)
+        sway = self.processes.start(name, ["sway", "-c", f"{folder}/config"], env, user=user)
+        # An absolute WAYLAND_DISPLAY lets clients keep a runtime folder of their own.
+        self.env.update(SWAYSOCK=f"{folder}/ipc", WAYLAND_DISPLAY=f"{folder}/wayland-1", QT_QPA_PLATFORM="wayland",
+                        XDG_SESSION_TYPE="wayland", XDG_CURRENT_DESKTOP="sway")
+        return sway
 
-    def _shows(self, wanted):
+    def readable_outputs(self):
+        """The outputs; none while sway does not answer yet."""
         if not os.path.exists(self.env["WAYLAND_DISPLAY"]):
-            return False
+            return []
         try:
-            return self.read_outputs() == wanted
+            return self.read_outputs()
         except DesktopError:
-            return False
+            return []
 
-    def _has_keyboard(self):
+    def has_keyboard(self):
         seats = json.loads(self.run("swaymsg", "-t", "get_seats", "-r"))
         return any(device["type"] == "keyboard" for seat in seats for device in seat["devices"])

@@ -78,9 +78,12 @@ bool Desktop::unplug(const QScreen &screen) const
     case Kind::xorg:
         return run(QStringLiteral("xrandr"),
                    {QStringLiteral("--output"), screen.name(), QStringLiteral("--off")});
-    case Kind::sway:
-        return run(QStringLiteral("swaymsg"),
-                   {QStringLiteral("output"), screen.name(), QStringLiteral("unplug")});
+    case Kind::sway: {
+        const QString host = m_environment.value(QStringLiteral("QUORVANE_HOST_SWAYSOCK"));
+        return !host.isEmpty() && run(QStringLiteral("swaymsg"),
+                                      {QStringLiteral("--socket"), host,
+                                       QStringLiteral("[title=\"wlroots - %1\"] kill").arg(screen.name())});
+    }
     case Kind::mutter:
         break;
     }
