@@ -5,8 +5,8 @@
 
 namespace quorvane {
 
-/// Lights displays that the desktop has blanked and keeps them lit. Called on the main thread; returns at once. A
-/// desktop that offers no way is left as it is.
+/// Lights displays that the desktop has blanked and keeps them lit. Called on the main thread; returns at
+/// once. A desktop that offers no way is left as it is.
 class DisplayWaker
 {
 public:

@@ -81,18 +81,21 @@ void QuorvaneApp::reportTo(std::FILE *terminal)
     std::fputs(
         "Quorvane is running. It stays out of sight until a meeting is a minute away; Ctrl+C ends it.\n",
         terminal);
-    const auto report = [this, terminal, last = QString()]() mutable {
-        if (m_model->status() == last)
-            return;
-        last = m_model->status();
-        std::fprintf(terminal, "%s\n", qUtf8Printable(last));
+    const auto print = [terminal](const QString &line) {
+        std::fprintf(terminal, "%s\n", qUtf8Printable(line));
         std::fflush(terminal);
     };
-    QObject::connect(m_model.get(), &AppModel::statusChanged, m_model.get(), report);
-    QObject::connect(m_model.get(), &AppModel::noticeChanged, m_model.get(), [this, terminal] {
+    const auto printStatus = [this, print, last = QString()]() mutable {
+        if (m_model->status() != last)
+            print(last = m_model->status());
+    };
+    const auto printNotice = [this, print] {
         if (const auto &notice = m_model->notice())
-            std::fprintf(terminal, "%s\n", qUtf8Printable(*notice));
-    });
+            print(*notice);
+    };
+    QObject::connect(m_model.get(), &AppModel::statusChanged, m_model.get(), printStatus);
+    QObject::connect(m_model.get(), &AppModel::noticeChanged, m_model.get(), printNotice);
+    printNotice(); // what came up before anybody listened
 }
 
 } // namespace quorvane

@@ -147,7 +147,11 @@ void seedEvolution()
 }
 
 BENCHMARK(readingTenThousandFromFolderCold)->Arg(730)->Arg(14)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(readingTenThousandFromFolderUnchanged)->Arg(730)->Arg(14)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(readingTenThousandFromFolderUnchanged)
+    ->Arg(730)
+    ->Arg(14)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 BENCHMARK(readingTenThousandFromOneFile)->Arg(730)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace

@@ -18,6 +18,7 @@ struct CalendarReader::Source
     std::unique_ptr<CalendarStore> store;
     AuthorizationStatus authorization = AuthorizationStatus::notDetermined;
     std::error_code problem;
+    bool isBusy = false;
     std::vector<CalendarOption> calendars;
     /// By calendar identifier.
     QHash<QString, std::vector<CalendarEvent>> events;
@@ -51,6 +52,16 @@ struct CalendarReader::Source
         }
     }
 
+    [[nodiscard]] QStringList wantedCalendars(const QStringList &excluded) const
+    {
+        QStringList ids;
+        for (const CalendarOption &calendar : calendars) {
+            if (!excluded.contains(calendar.id))
+                ids.append(calendar.id);
+        }
+        return ids;
+    }
+
     /// What the user no longer wants, or what is gone, is forgotten.
     void keepEventsOf(const QStringList &wanted)
     {
@@ -81,8 +92,15 @@ AuthorizationStatus CalendarReader::authorizationStatus() const
 
 QCoro::Task<Result<bool>> CalendarReader::requestAccess()
 {
-    QPointer<CalendarReader> self(this);
-    co_await calendars();
+    const QPointer<CalendarReader> self(this);
+    std::vector<QCoro::Task<>> listings;
+    listings.reserve(m_sources.size());
+    for (const auto &source : m_sources) {
+        if (!source->isBusy)
+            listings.push_back(listStore(*source));
+    }
+    for (QCoro::Task<> &listing : listings)
+        co_await std::move(listing);
     if (!self)
         co_return false;
     if (authorizationStatus() == AuthorizationStatus::fullAccess)
@@ -92,70 +110,70 @@ QCoro::Task<Result<bool>> CalendarReader::requestAccess()
     co_return false;
 }
 
-QCoro::Task<std::vector<CalendarOption>> CalendarReader::calendars()
+QCoro::Task<> CalendarReader::read(double now, QStringList excluded)
 {
-    QPointer<CalendarReader> self(this);
-    std::vector<QCoro::Task<Result<std::vector<CalendarOption>>>> answers;
-    answers.reserve(m_sources.size());
-    for (const auto &source : m_sources)
-        answers.push_back(source->store->calendars());
-    std::vector<CalendarOption> all;
-    for (std::size_t i = 0; i < answers.size(); ++i) {
-        auto answer = co_await std::move(answers[i]);
-        if (!self)
-            co_return std::vector<CalendarOption>();
-        m_sources[i]->takeCalendars(std::move(answer));
-        std::ranges::copy(m_sources[i]->calendars, std::back_inserter(all));
+    std::vector<QCoro::Task<>> readings;
+    readings.reserve(m_sources.size());
+    for (const auto &source : m_sources) {
+        if (!source->isBusy)
+            readings.push_back(readStore(*source, now, excluded));
     }
+    for (QCoro::Task<> &reading : readings)
+        co_await std::move(reading);
+}
+
+QCoro::Task<> CalendarReader::listStore(Source &source)
+{
+    const QPointer<CalendarReader> self(this);
+    source.isBusy = true;
+    auto calendars = co_await source.store->calendars();
+    if (!self)
+        co_return;
+    source.takeCalendars(std::move(calendars));
+    source.isBusy = false;
+}
+
+QCoro::Task<> CalendarReader::readStore(Source &source, double now, QStringList excluded)
+{
+    const QPointer<CalendarReader> self(this);
+    co_await listStore(source);
+    if (!self)
+        co_return;
+    source.isBusy = true;
+    const QStringList wanted = source.wantedCalendars(excluded);
+    source.keepEventsOf(wanted);
+    if (!wanted.isEmpty() && !source.problem) {
+        const double from = now - Meeting::graceAfterStart;
+        const double to = now + EventMeetings::horizon;
+        auto reading = co_await source.store->events(from, to, wanted);
+        if (!self)
+            co_return;
+        source.takeEvents(wanted, std::move(reading));
+    }
+    source.isBusy = false;
+    Q_EMIT storeRead();
+}
+
+std::vector<CalendarOption> CalendarReader::calendars() const
+{
+    std::vector<CalendarOption> all;
+    for (const auto &source : m_sources)
+        std::ranges::copy(source->calendars, std::back_inserter(all));
     std::ranges::stable_sort(all, [](const CalendarOption &a, const CalendarOption &b) {
         return a.name.toCaseFolded().localeAwareCompare(b.name.toCaseFolded()) < 0;
     });
-    co_return all;
+    return all;
 }
 
-QCoro::Task<std::vector<Meeting>> CalendarReader::events(double now, QStringList excluded)
-{
-    QPointer<CalendarReader> self(this);
-    const Wanted wanted = wantedCalendars(excluded);
-    const double from = now - Meeting::graceAfterStart;
-    const double to = now + EventMeetings::horizon;
-    std::vector<std::pair<std::size_t, QCoro::Task<Result<EventReading>>>> answers;
-    for (std::size_t i = 0; i < m_sources.size(); ++i) {
-        m_sources[i]->keepEventsOf(wanted[i]);
-        if (!wanted[i].isEmpty() && !m_sources[i]->problem)
-            answers.emplace_back(i, m_sources[i]->store->events(from, to, wanted[i]));
-    }
-    for (auto &[i, task] : answers) {
-        auto answer = co_await std::move(task);
-        if (!self)
-            co_return std::vector<Meeting>();
-        m_sources[i]->takeEvents(wanted[i], std::move(answer));
-    }
-    co_return EventMeetings::meetings(heldEvents(wanted), now);
-}
-
-CalendarReader::Wanted CalendarReader::wantedCalendars(const QStringList &excluded) const
-{
-    Wanted wanted;
-    for (const auto &source : m_sources) {
-        QStringList ids;
-        for (const CalendarOption &calendar : source->calendars) {
-            if (!excluded.contains(calendar.id))
-                ids.append(calendar.id);
-        }
-        wanted.push_back(ids);
-    }
-    return wanted;
-}
-
-std::vector<CalendarEvent> CalendarReader::heldEvents(const Wanted &wanted) const
+std::vector<Meeting> CalendarReader::events(double now, const QStringList &excluded) const
 {
     std::vector<CalendarEvent> held;
-    for (std::size_t i = 0; i < m_sources.size(); ++i) {
-        for (const QString &id : wanted[i])
-            std::ranges::copy(m_sources[i]->events.value(id), std::back_inserter(held));
+    for (const auto &source : m_sources) {
+        const QStringList wanted = source->wantedCalendars(excluded);
+        for (const QString &id : wanted)
+            std::ranges::copy(source->events.value(id), std::back_inserter(held));
     }
-    return held;
+    return EventMeetings::meetings(held, now);
 }
 
 std::vector<StoreProblem> CalendarReader::problems() const

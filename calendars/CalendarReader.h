@@ -6,8 +6,6 @@
 #include "calendars/CalendarStore.h"
 #include "core/Meeting.h"
 
-#include <QHash>
-
 #include <memory>
 #include <vector>
 
@@ -27,9 +25,10 @@ struct StoreProblem
     bool operator==(const StoreProblem &) const = default;
 };
 
-/// Reads the timed events of all calendar stores and turns them into meetings. A store or calendar that fails
-/// costs a line in `problems`; what it said before still holds. Main thread only; no operation overlaps
-/// another of its kind.
+/// Reads the timed events of all calendar stores and turns them into meetings. `read` asks the stores; what
+/// they said is held here and handed out by `calendars` and `events`, store by store as it comes, so that
+/// none waits for another. A store or calendar that fails costs a line in `problems`; what it said before
+/// still holds. Main thread only.
 class CalendarReader final : public QObject
 {
     Q_OBJECT
@@ -44,13 +43,17 @@ public:
     /// a store that is there and does not answer.
     [[nodiscard]] QCoro::Task<Result<bool>> requestAccess();
 
+    /// Reads all stores at once: their calendars, and the events from two minutes before `now` (Unix time,
+    /// seconds) to 14 days after it in the calendars whose identifiers are not in `excluded`. Stores that are
+    /// being read already are left to that reading.
+    [[nodiscard]] QCoro::Task<> read(double now, QStringList excluded);
+
     /// All calendars of all stores by name (the user's locale, case aside), excluded ones too. Empty without
     /// access.
-    [[nodiscard]] QCoro::Task<std::vector<CalendarOption>> calendars();
+    [[nodiscard]] std::vector<CalendarOption> calendars() const;
 
-    /// The meetings from two minutes before `now` (Unix time, seconds) to 14 days after it, in the calendars
-    /// found by the last `calendars` whose identifiers are not in `excluded`. Empty without access.
-    [[nodiscard]] QCoro::Task<std::vector<Meeting>> events(double now, QStringList excluded);
+    /// The meetings held, judged at `now`, of the calendars whose identifiers are not in `excluded`.
+    [[nodiscard]] std::vector<Meeting> events(double now, const QStringList &excluded) const;
 
     /// The stores whose last answer was missing or incomplete, leaving out those that are simply not
     /// installed.
@@ -59,13 +62,14 @@ public:
 Q_SIGNALS:
     /// A calendar changed. May come in bursts.
     void changed();
+    /// A store has been read, or has failed.
+    void storeRead();
 
 private:
     struct Source;
-    using Wanted = std::vector<QStringList>;
 
-    [[nodiscard]] Wanted wantedCalendars(const QStringList &excluded) const;
-    [[nodiscard]] std::vector<CalendarEvent> heldEvents(const Wanted &wanted) const;
+    QCoro::Task<> listStore(Source &source);
+    QCoro::Task<> readStore(Source &source, double now, QStringList excluded);
 
     std::vector<std::unique_ptr<Source>> m_sources;
 };

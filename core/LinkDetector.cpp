@@ -50,6 +50,17 @@ QChar openingOf(QChar closing)
     }
 }
 
+// Lists are written without blanks too: a link ends before a comma or semicolon that another link follows.
+bool isListSeparator(QStringView text, qsizetype position)
+{
+    if (!u",;"_s.contains(text.at(position)))
+        return false;
+    qsizetype next = position + 1;
+    while (next < text.size() && isSchemeCharacter(text.at(next)))
+        ++next;
+    return next > position + 1 && text.sliced(next).startsWith("://"_L1);
+}
+
 // Leaves out what ends the sentence, and a closing bracket that the link did not open itself.
 QStringView withoutSentenceEnd(QStringView link)
 {
@@ -90,7 +101,7 @@ std::optional<QStringView> LinkDetector::next()
         while (begin < colon && !m_text.at(begin).isLetter())
             ++begin;
         qsizetype end = colon + separator.size();
-        while (end < m_text.size() && isLinkCharacter(m_text.at(end)))
+        while (end < m_text.size() && isLinkCharacter(m_text.at(end)) && !isListSeparator(m_text, end))
             ++end;
         m_position = end;
         const QStringView link = withoutSentenceEnd(m_text.sliced(begin, end - begin));

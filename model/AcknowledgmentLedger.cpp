@@ -65,7 +65,12 @@ std::error_code AcknowledgmentLedger::save(const AlertRecords &records)
     QJsonObject object;
     for (auto entry = records.begin(); entry != records.end(); ++entry)
         object.insert(entry.key(), entry->toJson());
-    return AtomicFile::write(m_file, QJsonDocument(object).toJson(QJsonDocument::Compact));
+    const QByteArray bytes = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    const std::error_code error = AtomicFile::write(m_file, bytes);
+    if (error != std::errc::no_such_file_or_directory)
+        return error;
+    QDir().mkpath(QFileInfo(m_file).path()); // somebody cleaned up
+    return AtomicFile::write(m_file, bytes);
 }
 
 AlertRecords AcknowledgmentLedger::pruned(AlertRecords records, double now)

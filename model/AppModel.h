@@ -112,8 +112,7 @@ private:
     [[nodiscard]] double now() const { return m_services.clock.now(); }
 
     // AppModelRefresh.cpp: reading and its outcome.
-    QCoro::Task<> readAndApply();
-    void applyReading(const std::vector<Meeting> &local);
+    void applyReading();
     void chooseMeetings();
     void closeOutdatedAlert();
     void describeSources();
@@ -125,9 +124,9 @@ private:
     void fire(const Meeting &meeting);
     void prepareNextAlert();
     void expirePause();
-    void mendTimesAfterClockChange();
+    void mendTimes();
     void setPausedUntil(const std::optional<QDateTime> &until);
-    void setNotice(const QString &notice);
+    void setNotice(const std::optional<QString> &notice);
     void setRecord(const QString &id, const AlertRecord &record);
     [[nodiscard]] const Meeting *firstDue(double at) const;
     [[nodiscard]] bool showsRealAlert() const;
@@ -156,6 +155,8 @@ private:
     std::optional<QString> m_notice;
     std::optional<QDateTime> m_pausedUntil;
     AlertRecords m_records;
+    /// Whether the ledger holds `m_records`.
+    bool m_isSaved = true;
     /// Unix time at which the last refresh began.
     double m_refreshMark = 0;
     QSet<QString> m_pendingAcks;

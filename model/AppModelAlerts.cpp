@@ -130,14 +130,21 @@ void AppModel::save()
 {
     if (m_mode == Mode::preview)
         return;
+    const QString failure = u"Cannot save acknowledgments. Check disk space and app permissions."_s;
     m_records = AcknowledgmentLedger::pruned(std::move(m_records), now());
-    if (m_ledger.save(m_records))
-        setNotice(u"Cannot save acknowledgments. Check disk space and app permissions."_s);
+    m_isSaved = !m_ledger.save(m_records);
+    if (!m_isSaved)
+        setNotice(failure);
+    else if (m_notice == failure)
+        setNotice(std::nullopt);
 }
 
 void AppModel::previewAlert()
 {
-    const auto close = [this] { m_services.overlay.close(); };
+    const auto close = [self = QPointer<AppModel>(this)] {
+        if (self)
+            self->m_services.overlay.close();
+    };
     m_services.overlay.show(sampleMeeting(), close, close);
 }
 
@@ -158,8 +165,9 @@ void AppModel::expirePause()
         setPausedUntil(std::nullopt);
 }
 
-// Set back, the clock would stretch a running pause or snooze by as much; neither lasts longer than it may.
-void AppModel::mendTimesAfterClockChange()
+// A clock set back would stretch a running pause or snooze by as much, also one from before a restart;
+// neither lasts longer than it could have from now.
+void AppModel::mendTimes()
 {
     const QDateTime latest = QDateTime::fromMSecsSinceEpoch(std::llround((now() + pauseLength) * 1000));
     if (m_pausedUntil && *m_pausedUntil > latest)
@@ -179,8 +187,10 @@ void AppModel::setPausedUntil(const std::optional<QDateTime> &until)
     Q_EMIT pausedUntilChanged();
 }
 
-void AppModel::setNotice(const QString &notice)
+void AppModel::setNotice(const std::optional<QString> &notice)
 {
+    if (m_notice == notice)
+        return;
     m_notice = notice;
     Q_EMIT noticeChanged();
 }

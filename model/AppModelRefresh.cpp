@@ -24,53 +24,50 @@ QCoro::Task<> AppModel::refresh()
     Q_EMIT isRefreshingChanged();
     m_refreshAgain = false;
     m_refreshMark = now();
-    co_await readAndApply();
+    co_await m_services.calendarReader.read(now(), m_services.preferences.excludedCalendars());
     if (!self)
         co_return;
     m_isRefreshing = false;
+    m_lastRefresh = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
+    m_fantasticalStatus.clear();
+    applyReading();
+    mendTimes();
+    if (!m_isSaved)
+        save();
     Q_EMIT isRefreshingChanged();
     if (m_refreshAgain)
         m_changeDelay.start();
-    // What the reading brought may be due already.
-    alertStep();
 }
 
 // A change that comes while a reading is under way may have been missed by it, so it is followed by another
-// one.
+// one. Stores that are done are read at once: they do not wait for one that hangs.
 void AppModel::requestRefresh()
 {
-    if (m_isRefreshing)
-        m_refreshAgain = true;
-    else
+    if (!m_isRefreshing) {
         launch(refresh());
+        return;
+    }
+    m_refreshAgain = true;
+    launch(m_services.calendarReader.read(now(), m_services.preferences.excludedCalendars()));
 }
 
-QCoro::Task<> AppModel::readAndApply()
+// Runs for each store that answers, and once more at the end of a refresh.
+void AppModel::applyReading()
 {
-    const QPointer<AppModel> self(this);
-    const QStringList excluded = m_services.preferences.excludedCalendars();
-    auto calendars = co_await m_services.calendarReader.calendars();
-    if (!self)
-        co_return;
-    m_calendarAccess = m_services.calendarReader.authorizationStatus() == AuthorizationStatus::fullAccess;
-    m_calendars = std::move(calendars);
-    const auto local = co_await m_services.calendarReader.events(now(), excluded);
-    if (self)
-        applyReading(local);
-}
-
-void AppModel::applyReading(const std::vector<Meeting> &local)
-{
-    const QDateTime finished = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
-    if (m_calendarAccess && m_services.calendarReader.problems().empty())
-        m_lastSuccessfulRead = finished;
+    const CalendarReader &reader = m_services.calendarReader;
+    m_calendarAccess = reader.authorizationStatus() == AuthorizationStatus::fullAccess;
+    m_calendars = reader.calendars();
+    const auto local = reader.events(now(), m_services.preferences.excludedCalendars());
+    if (m_calendarAccess && reader.problems().empty())
+        m_lastSuccessfulRead = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
     m_freshCalendarEventCount = static_cast<qsizetype>(local.size());
-    m_lastRefresh = finished;
     m_calendarEvents =
         MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings, Freshness::stale, now());
     chooseMeetings();
     closeOutdatedAlert();
     describeSources();
+    // What the reading brought may be due already.
+    alertStep();
 }
 
 void AppModel::chooseMeetings()
@@ -113,13 +110,14 @@ QCoro::Task<> AppModel::connectCalendar()
     const QPointer<AppModel> self(this);
     if (m_mode == Mode::preview)
         co_return;
-    const auto granted = co_await m_services.calendarReader.requestAccess();
-    if (!self)
+    if (m_isRefreshing) {
+        m_refreshAgain = true;
         co_return;
-    co_await refresh();
-    if (!self || (granted && *granted))
-        co_return;
-    setStatus(granted ? SourceStatus::accessOff() : SourceStatus::accessFailed());
+    }
+    // The refresh tells what came of it: each store says the same again.
+    (void)co_await m_services.calendarReader.requestAccess();
+    if (self)
+        co_await refresh();
 }
 
 } // namespace quorvane

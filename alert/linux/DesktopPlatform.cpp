@@ -12,6 +12,7 @@
 #include "alert/linux/X11Server.h"
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QQuickWindow>
 
 namespace quorvane {
@@ -45,6 +46,17 @@ QByteArray pluginsFor(SessionKind kind)
     return {};
 }
 
+/// On Wayland Qt loads the graphics driver for any window, drawn with it or not: 50 MB for nothing. A name
+/// that no integration has leaves it out, at the price of a warning that says nothing to the user.
+void keepDriversOut()
+{
+    constexpr auto variable = "QT_WAYLAND_CLIENT_BUFFER_INTEGRATION";
+    if (!qEnvironmentVariableIsEmpty(variable))
+        return;
+    qputenv(variable, QByteArrayLiteral("none"));
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.wayland.warning=false"));
+}
+
 } // namespace
 
 SessionKind preparePlatform()
@@ -58,8 +70,10 @@ SessionKind preparePlatform()
     qputenv("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", QByteArrayLiteral("1"));
     // No graphics driver may stand between a meeting and its user, and the first frame comes sooner without
     // one.
-    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {
         QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
+        keepDriversOut();
+    }
     return kind;
 }
 

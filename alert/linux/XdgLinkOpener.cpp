@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QTimer>
 
+#include <signal.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -47,7 +48,13 @@ void XdgLinkOpener::open(const QUrl &link, std::function<void(bool opened)> done
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());
-    process->setChildProcessModifier([] { setsid(); });
+    process->setChildProcessModifier([] {
+        // Signals that this program takes in its own way must reach the browser as usual.
+        sigset_t none;
+        sigemptyset(&none);
+        sigprocmask(SIG_SETMASK, &none, nullptr);
+        setsid();
+    });
 
     auto outcome = std::make_shared<Outcome>(Outcome{.done = std::move(done)});
     connect(process, &QProcess::finished, this, [outcome](int status, QProcess::ExitStatus how) {

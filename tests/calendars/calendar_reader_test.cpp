@@ -29,6 +29,7 @@ private Q_SLOTS:
     void aFailingStoreKeepsItsMeetings_data();
     void aFailingStoreKeepsItsMeetings();
     void aFailingCalendarKeepsItsMeetings();
+    void aHangingStoreHoldsUpNoOther();
 
 private:
     static constexpr double now = 1'800'000'000;
@@ -37,9 +38,9 @@ private:
 
     QStringList read(const QStringList &excluded = {})
     {
-        QCoro::waitFor(reader->calendars());
+        QCoro::waitFor(reader->read(now, excluded));
         QStringList titles;
-        for (const Meeting &meeting : QCoro::waitFor(reader->events(now, excluded)))
+        for (const Meeting &meeting : reader->events(now, excluded))
             titles.append(meeting.title);
         return titles;
     }
@@ -151,7 +152,8 @@ void CalendarReaderTest::calendarsAreSortedByNameWithoutCase()
     first->options = {{u"1"_s, u"beta"_s, u"A"_s}, {u"2"_s, u"Gamma"_s, u"A"_s}};
     second->options = {{u"3"_s, u"Alpha"_s, u"B"_s}};
     QStringList names;
-    for (const CalendarOption &option : QCoro::waitFor(reader->calendars()))
+    QCoro::waitFor(reader->read(now, {}));
+    for (const CalendarOption &option : reader->calendars())
         names.append(option.name);
     QCOMPARE(names, (QStringList{u"Alpha"_s, u"beta"_s, u"Gamma"_s}));
 }
@@ -222,6 +224,25 @@ void CalendarReaderTest::aFailingCalendarKeepsItsMeetings()
     QCOMPARE(reader->problems().size(), std::size_t(1));
     first->reading = {};
     QCOMPARE(read(), QStringList());
+}
+
+void CalendarReaderTest::aHangingStoreHoldsUpNoOther()
+{
+    first->hangs = true;
+    second->options = {{u"2"_s, u"Two"_s, u"B"_s}};
+    second->add(u"of the second"_s, now);
+    auto reading = reader->read(now, {});
+    QTRY_COMPARE(reader->events(now, {}).size(), std::size_t(1));
+    QVERIFY(!reading.isReady());
+    second->add(u"later"_s, now + 1);
+    QCoro::waitFor(reader->read(now, {}));
+    QCOMPARE(reader->events(now, {}).size(), std::size_t(2));
+    QCOMPARE(first->listings, 1);
+    first->hangs = false;
+    first->add(u"of the first"_s, now);
+    Q_EMIT first->released();
+    QCoro::waitFor(std::move(reading));
+    QCOMPARE(reader->events(now, {}).size(), std::size_t(3));
 }
 
 QTEST_GUILESS_MAIN(CalendarReaderTest)
