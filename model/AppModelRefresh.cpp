@@ -72,12 +72,15 @@ void AppModel::applyReading()
 
 void AppModel::chooseMeetings()
 {
-    m_meetings.clear();
-    std::ranges::copy_if(m_calendarEvents, std::back_inserter(m_meetings),
+    std::vector<Meeting> chosen;
+    std::ranges::copy_if(m_calendarEvents, std::back_inserter(chosen),
                          [this](const Meeting &meeting) { return isScheduled(meeting); });
+    const bool isNew = chosen != m_meetings;
+    m_meetings = std::move(chosen);
     // The tick asks every second, so the choice is made here and not there.
     m_scheduledMeetings = m_meetings;
-    Q_EMIT meetingsChanged();
+    if (isNew)
+        Q_EMIT meetingsChanged();
 }
 
 void AppModel::closeOutdatedAlert()

@@ -16,7 +16,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int attemptsPerAlert = 20;
+constexpr int quickAttempts = 20;
+/// After those, so as not to fight endlessly with a program that wants the keyboard as badly, and not to give
+/// up.
+constexpr auto patientTime = 3s;
 /// A window that has just lost the keyboard may be about to have it again.
 constexpr auto settlingTime = 40ms;
 /// How long a display server may take to grant the keyboard.
@@ -36,8 +39,9 @@ FocusGuard::FocusGuard(std::function<void()> reclaim, QObject *parent)
     m_checkTimer.setSingleShot(true);
     connect(&m_checkTimer, &QTimer::timeout, this, &FocusGuard::check);
     const auto checkSoon = [this] {
-        if (m_attemptsLeft > 0 && !m_checkTimer.isActive())
-            m_checkTimer.start(settlingTime);
+        if (m_isOnGuard && !m_checkTimer.isActive())
+            m_checkTimer.start(m_quickAttemptsLeft > 0 ? std::chrono::milliseconds(settlingTime)
+                                                       : patientTime);
     };
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, checkSoon);
     connect(&m_lock, &SessionLock::changed, this, checkSoon);
@@ -45,22 +49,24 @@ FocusGuard::FocusGuard(std::function<void()> reclaim, QObject *parent)
 
 void FocusGuard::start()
 {
-    m_attemptsLeft = attemptsPerAlert;
+    m_isOnGuard = true;
+    m_quickAttemptsLeft = quickAttempts;
     m_checkTimer.start(grantingTime);
 }
 
 void FocusGuard::stop()
 {
-    m_attemptsLeft = 0;
+    m_isOnGuard = false;
     m_checkTimer.stop();
 }
 
 void FocusGuard::check()
 {
-    if (m_attemptsLeft == 0 || m_lock.isLocked() || panelHasKeyboard())
+    if (!m_isOnGuard || m_lock.isLocked() || panelHasKeyboard())
         return;
-    --m_attemptsLeft;
-    m_checkTimer.start(grantingTime);
+    if (m_quickAttemptsLeft > 0)
+        --m_quickAttemptsLeft;
+    m_checkTimer.start(m_quickAttemptsLeft > 0 ? std::chrono::milliseconds(grantingTime) : patientTime);
     m_reclaim();
 }
 

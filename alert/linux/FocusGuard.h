@@ -12,8 +12,8 @@
 
 namespace quorvane {
 
-/// Fetches the keyboard back to an alert's panels when another program takes it. Gives up after a number of
-/// attempts, and leaves a locked session alone, so as never to fight another program for ever.
+/// Fetches the keyboard back to an alert's panels when another program takes it. After a number of
+/// quick attempts it goes on slowly, so as never to fight another program, and it leaves a locked session alone.
 class FocusGuard final : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     /// `reclaim` asks for the keyboard; it is called on the main thread.
     explicit FocusGuard(std::function<void()> reclaim, QObject *parent = nullptr);
 
-    /// Begins to watch, with all attempts ahead.
+    /// Begins to watch, with all quick attempts ahead.
     void start();
     void stop();
 
@@ -32,7 +32,8 @@ private:
     std::function<void()> m_reclaim;
     SessionLock m_lock;
     QTimer m_checkTimer;
-    int m_attemptsLeft = 0;
+    bool m_isOnGuard = false;
+    int m_quickAttemptsLeft = 0;
 };
 
 } // namespace quorvane

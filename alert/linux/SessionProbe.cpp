@@ -3,6 +3,7 @@
 
 #include "alert/linux/SessionProbe.h"
 
+#include <QString>
 #include <QtGlobal>
 
 #include <wayland-client.h>
@@ -34,6 +35,12 @@ SessionProbe SessionProbe::run()
         probe.hasWayland = true;
         return probe;
     }
+    // Without a word of Wayland in the environment the default socket would be that of another session of the
+    // user's.
+    const bool isWaylandSession = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+                                  qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1StringView("wayland");
+    if (!isWaylandSession)
+        return probe;
     wl_display *display = wl_display_connect(nullptr);
     if (display == nullptr)
         return probe;

@@ -42,6 +42,8 @@ Item {
     }
 
     Text {
+        id: caption
+
         objectName: "caption"
         anchors.horizontalCenter: parent.horizontalCenter
         y: Math.round(dial.height / 2 - 1.2 + 0.57 * clock.fontSize - height / 2)
@@ -53,6 +55,24 @@ Item {
         font.family: Theme.textFace
         font.pixelSize: 15
         font.weight: Font.Medium
+        transform: Translate { id: captionShift }
         Accessible.ignored: true
+        onTextChanged: {
+            if (dial.takeover.running && !dial.takeover.reduceMotion)
+                settling.restart();
+        }
+    }
+
+    // Half a second, hardly overshooting.
+    SpringAnimation {
+        id: settling
+
+        target: captionShift
+        property: "y"
+        from: 8
+        to: 0
+        spring: 2.53
+        damping: 0.34
+        epsilon: 0.05
     }
 }
