@@ -6,6 +6,7 @@
 #include <QDBusConnection>
 
 #include <ctime>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,9 +28,10 @@ std::chrono::nanoseconds timeAsleepSinceBoot()
 
 } // namespace
 
-SystemWakeSource::SystemWakeSource(const TickSource &ticks, QObject *parent)
+SystemWakeSource::SystemWakeSource(const TickSource &ticks, TimeAsleep timeAsleep, QObject *parent)
     : WakeSource(parent)
-    , m_timeAsleep(timeAsleepSinceBoot())
+    , m_timeAsleep(timeAsleep ? std::move(timeAsleep) : TimeAsleep(timeAsleepSinceBoot))
+    , m_lastTimeAsleep(m_timeAsleep())
 {
     connect(&ticks, &TickSource::tick, this, &SystemWakeSource::checkForSleep);
 }
@@ -50,9 +52,9 @@ void SystemWakeSource::prepareForSleep(bool sleeping)
 void SystemWakeSource::checkForSleep()
 {
     constexpr auto noticeable = std::chrono::milliseconds(500);
-    const auto asleep = timeAsleepSinceBoot();
-    const bool slept = asleep - m_timeAsleep > noticeable;
-    m_timeAsleep = asleep;
+    const auto asleep = m_timeAsleep();
+    const bool slept = asleep - m_lastTimeAsleep > noticeable;
+    m_lastTimeAsleep = asleep;
     if (slept)
         Q_EMIT woke();
 }

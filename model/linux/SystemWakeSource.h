@@ -7,6 +7,7 @@
 #include "model/WakeSource.h"
 
 #include <chrono>
+#include <functional>
 
 namespace quorvane {
 
@@ -17,7 +18,11 @@ class SystemWakeSource final : public WakeSource
     Q_OBJECT
 
 public:
-    explicit SystemWakeSource(const TickSource &ticks, QObject *parent = nullptr);
+    /// How long the machine has slept since it was started.
+    using TimeAsleep = std::function<std::chrono::nanoseconds()>;
+
+    /// An empty `timeAsleep` asks the kernel.
+    explicit SystemWakeSource(const TickSource &ticks, TimeAsleep timeAsleep = {}, QObject *parent = nullptr);
 
     void start() override;
 
@@ -27,7 +32,8 @@ private Q_SLOTS:
 private:
     void checkForSleep();
 
-    std::chrono::nanoseconds m_timeAsleep;
+    TimeAsleep m_timeAsleep;
+    std::chrono::nanoseconds m_lastTimeAsleep;
 };
 
 } // namespace quorvane
