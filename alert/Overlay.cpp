@@ -81,9 +81,7 @@ void Overlay::close()
     if (m_panels == nullptr)
         return;
     m_soundTimer.stop();
-    m_panels->takeDown();
-    m_panels->deleteLater();
-    m_panels = nullptr;
+    std::exchange(m_panels, nullptr)->retire();
     m_services.waker.release();
     m_eventID.reset();
     Q_EMIT eventIDChanged();
@@ -125,10 +123,8 @@ PanelSet *Overlay::takePrepared(const Meeting &event)
 void Overlay::dropPrepared()
 {
     m_preparedTimer.stop();
-    if (m_prepared == nullptr)
-        return;
-    m_prepared->takeDown();
-    std::exchange(m_prepared, nullptr)->deleteLater();
+    if (m_prepared != nullptr)
+        std::exchange(m_prepared, nullptr)->retire();
 }
 
 void Overlay::addDisplay(QScreen &screen)

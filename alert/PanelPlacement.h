@@ -29,7 +29,9 @@ public:
     /// Gives the keyboard to a panel that is already shown (the main display went away).
     virtual void takeKeyboard(MeetingAlertPanel &panel) = 0;
 
-    /// Takes the panel off the screen. Safe when it is not shown.
+    /// Takes the panel off the screen and deletes it, as soon as the display server lets it go but never
+    /// before the event loop is back: the call may come from inside the panel's own event handler. Safe when
+    /// it is not shown.
     virtual void remove(MeetingAlertPanel &panel) = 0;
 };
 

@@ -26,8 +26,10 @@ PanelSet::PanelSet(const Meeting &event, QQmlEngine &engine, PanelPlacement &pla
 PanelSet::~PanelSet()
 {
     takeDown();
-    for (const QPointer<MeetingAlertPanel> &panel : m_discarded)
+    for (MeetingAlertPanel *panel : std::exchange(m_discarded, {})) {
+        panel->disconnect(this);
         delete panel;
+    }
 }
 
 bool PanelSet::covers(const QList<QScreen *> &screens) const
@@ -109,6 +111,14 @@ void PanelSet::takeDown()
         discard(*place.panel);
 }
 
+void PanelSet::retire()
+{
+    takeDown();
+    m_isRetired = true;
+    if (m_discarded.empty())
+        deleteLater();
+}
+
 std::vector<MeetingAlertPanel *> PanelSet::panels() const
 {
     std::vector<MeetingAlertPanel *> panels;
@@ -173,11 +183,14 @@ void PanelSet::discard(MeetingAlertPanel &panel)
 {
     if (m_keyboardPanel == &panel)
         m_keyboardPanel = nullptr;
-    m_placement.remove(panel);
     panel.disconnect(this);
-    panel.deleteLater();
-    std::erase(m_discarded, nullptr);
     m_discarded.push_back(&panel);
+    connect(&panel, &QObject::destroyed, this, [this, panel = &panel] {
+        std::erase(m_discarded, panel);
+        if (m_isRetired && m_discarded.empty())
+            deleteLater();
+    });
+    m_placement.remove(panel);
 }
 
 void PanelSet::answer(const std::function<void()> &action) const

@@ -8,7 +8,6 @@
 #include "core/Meeting.h"
 
 #include <QObject>
-#include <QPointer>
 
 #include <functional>
 #include <vector>
@@ -23,7 +22,7 @@ class MeetingAlertPanel;
 class MotionPreference;
 
 /// The panels of one alert, one for each display, from their building to their end. Used for one alert only
-/// and deleted later, never at once: the person's answer comes from inside a panel's own event handler.
+/// and retired, never deleted at once: the person's answer comes from inside a panel's own event handler.
 class PanelSet final : public QObject
 {
     Q_OBJECT
@@ -54,8 +53,8 @@ public:
     /// Gives up the panel of a display that goes away; the keyboard moves to another panel.
     void remove(const QScreen &screen);
 
-    /// Takes all panels off the displays and forgets the actions.
-    void takeDown();
+    /// Takes all panels off the displays, forgets the actions, and deletes itself after the last panel.
+    void retire();
 
     [[nodiscard]] std::vector<MeetingAlertPanel *> panels() const;
 
@@ -77,6 +76,7 @@ private:
     void giveKeyboardToSomePanel();
     void notePainted(const MeetingAlertPanel &panel);
     void announceWhenPainted();
+    void takeDown();
     void discard(MeetingAlertPanel &panel);
     void answer(const std::function<void()> &action) const;
 
@@ -86,9 +86,11 @@ private:
     std::function<void()> m_snooze;
     Takeover m_takeover;
     std::vector<Place> m_places;
-    std::vector<QPointer<MeetingAlertPanel>> m_discarded;
+    /// Handed to the placement for deletion.
+    std::vector<MeetingAlertPanel *> m_discarded;
     const MeetingAlertPanel *m_keyboardPanel = nullptr;
     bool m_isShowing = false;
+    bool m_isRetired = false;
     bool m_isPainted = false;
 };
 

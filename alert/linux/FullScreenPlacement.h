@@ -6,8 +6,11 @@
 #include "alert/PanelPlacement.h"
 #include "alert/linux/FocusGuard.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 
+#include <optional>
+#include <set>
 #include <vector>
 
 namespace quorvane {
@@ -26,11 +29,17 @@ public:
     void remove(MeetingAlertPanel &panel) override;
 
 private:
+    void map(MeetingAlertPanel &panel);
     void mapAgain();
+    void mapAgain(MeetingAlertPanel &panel);
 
     FocusGuard m_guard;
     /// The panels on screen, the one with the keyboard last.
     std::vector<QPointer<MeetingAlertPanel>> m_panels;
+    /// Those that the compositor has not let draw since they were mapped last.
+    std::set<const MeetingAlertPanel *> m_unpainted;
+    QElapsedTimer m_sinceMapping;
+    std::optional<bool> m_isStillNeeded;
 };
 
 } // namespace quorvane

@@ -4,6 +4,7 @@
 #include "alert/linux/LayerShellPlacement.h"
 
 #include "alert/MeetingAlertPanel.h"
+#include "alert/linux/FrameSettler.h"
 #include "alert/linux/LayerRole.h"
 #include "alert/linux/LayerShell.h"
 
@@ -82,10 +83,14 @@ void LayerShellPlacement::remove(MeetingAlertPanel &panel)
         m_keyboardPanel.clear();
         m_guard.stop();
     }
-    if (m_roles.erase(&panel) == 0)
+    if (!m_roles.contains(&panel)) {
         m_fullScreen.remove(panel);
-    else
-        panel.destroy();
+        return;
+    }
+    FrameSettler::whenSettled(panel, [this, &panel] {
+        m_roles.erase(&panel);
+        delete &panel;
+    });
 }
 
 void LayerShellPlacement::showAgain(MeetingAlertPanel &panel)

@@ -74,6 +74,7 @@ void ManagedPlacement::remove(MeetingAlertPanel &panel)
         m_guard.stop();
     }
     panel.destroy();
+    panel.deleteLater();
 }
 
 void ManagedPlacement::reclaimKeyboard()

@@ -53,6 +53,7 @@ void OverrideRedirectPlacement::remove(MeetingAlertPanel &panel)
         returnKeyboard();
     }
     panel.destroy();
+    panel.deleteLater();
 }
 
 void OverrideRedirectPlacement::reclaimKeyboard()

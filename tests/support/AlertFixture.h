@@ -27,7 +27,11 @@ public:
         return true;
     }
     void takeKeyboard(MeetingAlertPanel &panel) override { panel.requestActivate(); }
-    void remove(MeetingAlertPanel &panel) override { panel.hide(); }
+    void remove(MeetingAlertPanel &panel) override
+    {
+        panel.hide();
+        panel.deleteLater();
+    }
 };
 
 class CountingChime final : public ChimePlayer
