@@ -174,14 +174,14 @@ void PanelsTest::returnAcknowledgesWithoutAClick()
 void PanelsTest::theAlertLiesAboveAnotherProgramsWindowAndGivesTheKeyboardBack()
 {
     Desktop::OtherProgram other(m_desktop, *QGuiApplication::primaryScreen());
-    QTRY_VERIFY(m_desktop.colors().contains(otherColor));
+    QTRY_VERIFY_WITH_TIMEOUT(m_desktop.colors().contains(otherColor), 20'000);
     show(soonMeeting(QStringLiteral("One to one")));
     QVERIFY(coversEverything());
     m_desktop.press(QStringLiteral("Return"));
     QTRY_COMPARE(m_acknowledged, 1);
     QVERIFY(!other.told().contains("pressed"));
 
-    QTRY_VERIFY(m_desktop.colors().contains(otherColor));
+    QTRY_VERIFY_WITH_TIMEOUT(m_desktop.colors().contains(otherColor), 20'000);
     m_desktop.press(QStringLiteral("space"));
     QTRY_VERIFY(other.told().contains("pressed Space"));
     QCOMPARE(m_acknowledged, 1);
