@@ -17,7 +17,8 @@ namespace quorvane {
 ///
 /// Qt 6.4 takes in frame callbacks on a thread of its own and destroys them there; hiding or destroying the
 /// window destroys a callback that is still out on the main thread, without a lock. When both meet,
-/// libwayland aborts the program ("wl_proxy_unref: Assertion `proxy->refcount > 0' failed"). Fixed in Qt 6.5.
+/// libwayland aborts the program ("wl_proxy_unref: Assertion `proxy->refcount > 0' failed"). Newer Qt takes a
+/// lock there.
 class FrameSettler final : public QObject
 {
     Q_OBJECT
