@@ -6,10 +6,10 @@
 #include <QProcess>
 #include <QTimer>
 
-#include <signal.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <utility>
 
 namespace quorvane {
@@ -34,9 +34,9 @@ struct Outcome
 
 } // namespace
 
-XdgLinkOpener::XdgLinkOpener(QProcessEnvironment environment, QObject *parent)
+XdgLinkOpener::XdgLinkOpener(const QProcessEnvironment &environment, QObject *parent)
     : QObject(parent)
-    , m_environment(std::move(environment))
+    , m_environment(environment)
 {
 }
 

@@ -19,7 +19,7 @@ class XdgLinkOpener final : public QObject, public LinkOpener
 public:
     /// `environment` is what the opened program sees: the user's, without what this program has set for
     /// itself.
-    explicit XdgLinkOpener(QProcessEnvironment environment, QObject *parent = nullptr);
+    explicit XdgLinkOpener(const QProcessEnvironment &environment, QObject *parent = nullptr);
 
     void open(const QUrl &link, std::function<void(bool opened)> done) override;
 

@@ -13,7 +13,7 @@
 namespace quorvane {
 namespace {
 
-constexpr time_t day = 24 * 60 * 60;
+constexpr time_t day = 86'400;
 /// How long a reading is kept at the most, should word of a change ever get lost.
 constexpr auto heldAtMost = std::chrono::minutes(10);
 /// Calendars with more components than this are read anew each time rather than kept in memory.
