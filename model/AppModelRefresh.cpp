@@ -30,7 +30,6 @@ QCoro::Task<> AppModel::refresh()
     m_isRefreshing = false;
     m_lastRefresh = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
     m_fantasticalStatus.clear();
-    applyReading();
     mendTimes();
     if (!m_isSaved)
         save();
@@ -51,7 +50,7 @@ void AppModel::requestRefresh()
     launch(m_services.calendarReader.read(now(), m_services.preferences.excludedCalendars()));
 }
 
-// Runs for each store that answers, and once more at the end of a refresh.
+// Runs for each store that has been read or has failed; the last one of a refresh thereby sees them all.
 void AppModel::applyReading()
 {
     const CalendarReader &reader = m_services.calendarReader;

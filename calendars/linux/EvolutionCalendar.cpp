@@ -48,12 +48,8 @@ Result<void> collect(ECalClient *client, const std::string &query, EventCollecti
     return {};
 }
 
-void notice(gpointer, gpointer, gpointer calendar)
-{
-    static_cast<EvolutionCalendar *>(calendar)->noteChange();
-}
-
-void noticeEnd(gpointer, gpointer calendar)
+/// Connected with its arguments swapped, so that one handler serves signals of any signature.
+void notice(gpointer calendar)
 {
     static_cast<EvolutionCalendar *>(calendar)->noteChange();
 }
@@ -78,7 +74,7 @@ EvolutionCalendar::EvolutionCalendar(GlibPointer<ECalClient> client, std::functi
     : m_client(std::move(client))
     , m_changed(std::move(changed))
 {
-    g_signal_connect(m_client.get(), "backend-died", G_CALLBACK(noticeEnd), this);
+    g_signal_connect_swapped(m_client.get(), "backend-died", G_CALLBACK(notice), this);
 }
 
 EvolutionCalendar::~EvolutionCalendar()
@@ -95,7 +91,7 @@ void EvolutionCalendar::watch(GCancellable *cancellable)
         return;
     m_view.reset(view);
     for (const char *signal : {"objects-added", "objects-modified", "objects-removed"})
-        g_signal_connect(view, signal, G_CALLBACK(notice), this);
+        g_signal_connect_swapped(view, signal, G_CALLBACK(notice), this);
     e_cal_client_view_set_flags(view, E_CAL_CLIENT_VIEW_FLAGS_NONE,
                                 nullptr); // no listing of what is there already
     e_cal_client_view_start(view, nullptr);
