@@ -4,7 +4,7 @@
 #include "calendars/CalendarReader.h"
 
 #include "calendars/CalendarError.h"
-#include "calendars/EventMeetings.h"
+#include "calendars/records/EventMeetings.h"
 
 #include <QPointer>
 

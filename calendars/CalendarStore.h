@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "calendars/CalendarEvent.h"
-#include "calendars/CalendarOption.h"
+#include "calendars/records/CalendarEvent.h"
+#include "calendars/records/CalendarOption.h"
 #include "core/Result.h"
 
 #include <QCoroTask>

@@ -5,14 +5,20 @@
 # configuring fails on a link that goes against it, tests/layers.py fails on such an include.
 set(QUORVANE_ROOMS
   "core:"
+  "posix:core"
+  "process:core"
+  "process/linux:core posix process"
   "ui/format:core"
-  "calendars:core"
-  "calendars/linux:core calendars"
+  "calendars/records:core"
+  "calendars/ical:core calendars/records"
+  "calendars:core process calendars/records"
+  "calendars/linux:core posix process calendars calendars/records calendars/ical"
+  "calendar-reader:core posix calendars/records calendars/ical"
   "alert:core ui/format"
   "alert/linux:core ui/format alert"
-  "model:core ui/format calendars alert"
-  "model/linux:core ui/format calendars alert model"
-  "app:core ui/format calendars calendars/linux alert alert/linux model model/linux")
+  "model:core ui/format process calendars calendars/records alert"
+  "model/linux:core ui/format process calendars calendars/records alert model"
+  "app:core posix process process/linux ui/format calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux")
 
 # quorvane_room(PATH [ROOMS room...] [LINK library...] [PRIVATE_LINK library...] SOURCES file...)
 # One static library per room, named quorvane_<path with underscores>.

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "calendars/CalendarOption.h"
+#include "calendars/records/CalendarOption.h"
 #include "core/AlertRecord.h"
 #include "core/MeetingSelection.h"
 #include "model/AcknowledgmentLedger.h"

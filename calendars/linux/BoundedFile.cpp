@@ -3,7 +3,7 @@
 
 #include "calendars/linux/BoundedFile.h"
 
-#include "calendars/linux/FileDescriptor.h"
+#include "posix/FileDescriptor.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -5,7 +5,7 @@
 
 #include "calendars/CalendarError.h"
 #include "calendars/CalendarStore.h"
-#include "calendars/linux/GlibPointer.h"
+#include "calendars/ical/GlibPointer.h"
 #include "core/Result.h"
 
 #include <QCoroFuture>

@@ -3,10 +3,10 @@
 
 #include "calendars/linux/EvolutionCalendar.h"
 
-#include "calendars/linux/EventAdapter.h"
-#include "calendars/linux/EventCollection.h"
+#include "calendars/ical/EventAdapter.h"
+#include "calendars/ical/EventCollection.h"
 #include "calendars/linux/EvolutionError.h"
-#include "calendars/linux/TimeZoneResolver.h"
+#include "calendars/ical/TimeZoneResolver.h"
 
 #include <string>
 

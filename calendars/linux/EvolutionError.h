@@ -4,7 +4,7 @@
 #pragma once
 
 #include "calendars/CalendarError.h"
-#include "calendars/linux/GlibPointer.h"
+#include "calendars/ical/GlibPointer.h"
 
 #include <gio/gio.h>
 

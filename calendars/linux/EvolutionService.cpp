@@ -4,7 +4,7 @@
 #include "calendars/linux/EvolutionService.h"
 
 #include "calendars/linux/EvolutionError.h"
-#include "calendars/linux/GlibPointer.h"
+#include "calendars/ical/GlibPointer.h"
 
 #include <memory>
 #include <optional>

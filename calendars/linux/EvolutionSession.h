@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "calendars/CalendarEvent.h"
-#include "calendars/CalendarOption.h"
+#include "calendars/records/CalendarEvent.h"
+#include "calendars/records/CalendarOption.h"
 #include "calendars/linux/EvolutionCalendar.h"
-#include "calendars/linux/GlibPointer.h"
-#include "calendars/linux/OwnAddresses.h"
+#include "calendars/ical/GlibPointer.h"
+#include "calendars/ical/OwnAddresses.h"
 #include "core/Result.h"
 
 #include <libecal/libecal.h>

@@ -4,8 +4,8 @@
 #include "calendars/linux/FolderReader.h"
 
 #include "calendars/CalendarError.h"
-#include "calendars/linux/EventCollection.h"
-#include "calendars/linux/TimeZoneResolver.h"
+#include "calendars/ical/EventCollection.h"
+#include "calendars/ical/TimeZoneResolver.h"
 
 #include <fcntl.h>
 

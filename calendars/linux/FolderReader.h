@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "calendars/CalendarEvent.h"
-#include "calendars/CalendarOption.h"
+#include "calendars/records/CalendarEvent.h"
+#include "calendars/records/CalendarOption.h"
 #include "calendars/linux/BoundedFile.h"
-#include "calendars/linux/FileEvents.h"
+#include "calendars/ical/FileEvents.h"
 #include "calendars/linux/FolderScan.h"
 #include "calendars/linux/FolderWatch.h"
 #include "core/Result.h"

@@ -4,8 +4,8 @@
 #include "calendars/linux/FolderScan.h"
 
 #include "calendars/linux/BoundedFile.h"
-#include "calendars/linux/CalendarText.h"
-#include "calendars/linux/FileDescriptor.h"
+#include "calendars/ical/CalendarText.h"
+#include "posix/FileDescriptor.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "calendars/linux/FileDescriptor.h"
+#include "posix/FileDescriptor.h"
 
 #include <glib.h>
 

@@ -3,7 +3,7 @@
 
 #include "calendars/CalendarError.h"
 #include "calendars/CalendarReader.h"
-#include "calendars/EventMeetings.h"
+#include "calendars/records/EventMeetings.h"
 #include "tests/support/ScriptedStore.h"
 
 #include <QTest>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/OccurrenceExpander.h"
+#include "calendars/ical/OccurrenceExpander.h"
 
-#include "calendars/linux/EventSeries.h"
-#include "calendars/linux/GlibPointer.h"
+#include "calendars/ical/EventSeries.h"
+#include "calendars/ical/GlibPointer.h"
 
 #include <algorithm>
 

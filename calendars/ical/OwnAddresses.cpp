@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/OwnAddresses.h"
+#include "calendars/ical/OwnAddresses.h"
 
-#include "calendars/linux/IcalText.h"
+#include "calendars/ical/IcalText.h"
 
 namespace quorvane {
 namespace {

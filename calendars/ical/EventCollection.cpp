@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/EventCollection.h"
+#include "calendars/ical/EventCollection.h"
 
-#include "calendars/linux/OccurrenceExpander.h"
+#include "calendars/ical/OccurrenceExpander.h"
 
 #include <algorithm>
 #include <tuple>

@@ -5,8 +5,6 @@
 
 #include <QtGlobal>
 
-#include <unistd.h>
-
 #include <utility>
 
 namespace quorvane {
@@ -29,11 +27,7 @@ public:
         std::swap(m_descriptor, other.m_descriptor);
         return *this;
     }
-    ~FileDescriptor()
-    {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
-    }
+    ~FileDescriptor();
     Q_DISABLE_COPY(FileDescriptor)
 
     [[nodiscard]] bool isValid() const { return m_descriptor >= 0; }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/LinkUnwrapper.h"
+#include "calendars/ical/LinkUnwrapper.h"
 
 #include <QUrl>
 

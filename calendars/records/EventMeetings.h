@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "calendars/CalendarEvent.h"
+#include "calendars/records/CalendarEvent.h"
 #include "core/Meeting.h"
 
 #include <vector>

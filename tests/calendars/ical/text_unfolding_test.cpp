@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/HtmlText.h"
-#include "calendars/linux/LinkUnwrapper.h"
+#include "calendars/ical/HtmlText.h"
+#include "calendars/ical/LinkUnwrapper.h"
 
 #include <QElapsedTimer>
 #include <QTest>

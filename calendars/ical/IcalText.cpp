@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/IcalText.h"
+#include "calendars/ical/IcalText.h"
 
 namespace quorvane {
 

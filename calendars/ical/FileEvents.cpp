@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/FileEvents.h"
+#include "calendars/ical/FileEvents.h"
 
-#include "calendars/linux/CalendarText.h"
-#include "calendars/linux/EventAdapter.h"
-#include "calendars/linux/EventCollection.h"
+#include "calendars/ical/CalendarText.h"
+#include "calendars/ical/EventAdapter.h"
+#include "calendars/ical/EventCollection.h"
 
 #include <chrono>
 #include <map>

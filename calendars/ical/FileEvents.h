@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "calendars/CalendarEvent.h"
-#include "calendars/linux/OwnAddresses.h"
-#include "calendars/linux/ZoneDefinitions.h"
+#include "calendars/records/CalendarEvent.h"
+#include "calendars/ical/OwnAddresses.h"
+#include "calendars/ical/ZoneDefinitions.h"
 
 #include <QByteArray>
 

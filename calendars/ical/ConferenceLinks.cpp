@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/ConferenceLinks.h"
+#include "calendars/ical/ConferenceLinks.h"
 
-#include "calendars/linux/IcalText.h"
-#include "calendars/linux/LinkUnwrapper.h"
+#include "calendars/ical/IcalText.h"
+#include "calendars/ical/LinkUnwrapper.h"
 
 #include <algorithm>
 #include <array>

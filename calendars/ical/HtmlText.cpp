@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/HtmlText.h"
+#include "calendars/ical/HtmlText.h"
 
-#include "calendars/linux/HtmlEntities.h"
-#include "calendars/linux/HtmlTag.h"
+#include "calendars/ical/HtmlEntities.h"
+#include "calendars/ical/HtmlTag.h"
 
 #include <QStringList>
 

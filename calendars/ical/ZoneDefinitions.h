@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "calendars/linux/GlibPointer.h"
+#include "calendars/ical/GlibPointer.h"
 
 #include <libecal/libecal.h>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "calendars/linux/TimeZoneResolver.h"
+#include "calendars/ical/TimeZoneResolver.h"
 
 #include <libecal/libecal.h>
 

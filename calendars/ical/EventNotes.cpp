@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/EventNotes.h"
+#include "calendars/ical/EventNotes.h"
 
-#include "calendars/linux/HtmlText.h"
-#include "calendars/linux/IcalText.h"
-#include "calendars/linux/LinkUnwrapper.h"
+#include "calendars/ical/HtmlText.h"
+#include "calendars/ical/IcalText.h"
+#include "calendars/ical/LinkUnwrapper.h"
 
 #include <QRegularExpression>
 #include <QStringList>

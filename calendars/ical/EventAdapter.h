@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "calendars/CalendarEvent.h"
-#include "calendars/linux/OwnAddresses.h"
+#include "calendars/records/CalendarEvent.h"
+#include "calendars/ical/OwnAddresses.h"
 
 #include <libical/ical.h>
 

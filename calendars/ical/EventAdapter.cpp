@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/linux/EventAdapter.h"
+#include "calendars/ical/EventAdapter.h"
 
-#include "calendars/linux/ConferenceLinks.h"
-#include "calendars/linux/EventNotes.h"
-#include "calendars/linux/IcalText.h"
-#include "calendars/linux/LinkUnwrapper.h"
+#include "calendars/ical/ConferenceLinks.h"
+#include "calendars/ical/EventNotes.h"
+#include "calendars/ical/IcalText.h"
+#include "calendars/ical/LinkUnwrapper.h"
 #include "core/Meeting.h"
 
 #include <algorithm>

@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "calendars/CalendarEvent.h"
-#include "calendars/linux/EventAdapter.h"
-#include "calendars/linux/GlibPointer.h"
-#include "calendars/linux/TimeZoneResolver.h"
+#include "calendars/records/CalendarEvent.h"
+#include "calendars/ical/EventAdapter.h"
+#include "calendars/ical/GlibPointer.h"
+#include "calendars/ical/TimeZoneResolver.h"
 
 #include <libecal/libecal.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/CalendarOption.h"
+#include "calendars/records/CalendarOption.h"
 
 #include "core/StrictJson.h"
 
