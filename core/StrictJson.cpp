@@ -60,6 +60,21 @@ double StrictJson::number(QLatin1StringView key)
     return required(key, QJsonValue::Double).toDouble();
 }
 
+qint64 StrictJson::integer(QLatin1StringView key)
+{
+    // Two different defaults come back from a number that is not a whole one.
+    const QJsonValue value = required(key, QJsonValue::Double);
+    const qint64 whole = value.toInteger(0);
+    if (whole != value.toInteger(1) && !m_failure)
+        m_failure = JsonError::wrongType;
+    return whole;
+}
+
+QJsonArray StrictJson::array(QLatin1StringView key)
+{
+    return required(key, QJsonValue::Array).toArray();
+}
+
 bool StrictJson::boolean(QLatin1StringView key)
 {
     return required(key, QJsonValue::Bool).toBool();

@@ -37,6 +37,9 @@ public:
 
     [[nodiscard]] QString string(QLatin1StringView key);
     [[nodiscard]] double number(QLatin1StringView key);
+    /// A number without a fraction that 64 bits can hold.
+    [[nodiscard]] qint64 integer(QLatin1StringView key);
+    [[nodiscard]] QJsonArray array(QLatin1StringView key);
     [[nodiscard]] bool boolean(QLatin1StringView key);
     /// Absent when the key is missing or null.
     [[nodiscard]] std::optional<QString> optionalString(QLatin1StringView key);
