@@ -18,14 +18,15 @@ namespace quorvane {
 /// One run of another program.
 struct ProcessRequest
 {
-    /// Path of the executable.
+    /// Absolute path of the executable.
     QString program;
     QStringList arguments;
     /// The whole environment, name and value; nothing is inherited.
     std::vector<std::pair<QByteArray, QByteArray>> environment;
     /// What the program finds on its standard input before the end of the file.
     QByteArray input;
-    /// Counted from the moment at which the program has taken its input, and once more for taking it.
+    /// Counted from the moment at which the input pipe was closed after the last byte, and once more for
+    /// writing that much.
     std::chrono::milliseconds timeLimit{15'000};
     /// What is kept of standard output and standard error, in bytes; more is read and thrown away.
     qsizetype outputLimit = 8'000'000;
@@ -51,10 +52,16 @@ public:
     virtual ~ProcessRunner() = default;
     Q_DISABLE_COPY_MOVE(ProcessRunner)
 
-    /// Runs the program to its end and returns what it said. Blocks, so never on the main thread: at most for
-    /// twice the time limit and two seconds more, since a program that outlasts it is ended, with everything
-    /// it started. Fails with the system's error when the program cannot be started or does not take its
-    /// input (`std::errc::broken_pipe` when it closed it, `std::errc::timed_out` when it left it lying).
+    /// Runs the program to its end and returns what it said. It works in the root folder and inherits
+    /// nothing: no open file, no blocked or ignored signal. At the time limit it is asked to end, half a
+    /// second later it is killed; with it goes, always, what it started and left in its process group. Output
+    /// that such a rest keeps open counts for one second more.
+    ///
+    /// Blocks, so never on the main thread: at most for twice the time limit and two seconds more, longer
+    /// only while the system itself cannot end a killed program. Fails with the system's error when the
+    /// program cannot be started or does not take its input: `std::errc::broken_pipe` when it closed it,
+    /// `std::errc::timed_out` when it left it lying. An input that a pipe holds (65,536 bytes) counts as
+    /// taken.
     [[nodiscard]] virtual Result<ProcessOutcome> run(const ProcessRequest &request) const = 0;
 };
 

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "core/Result.h"
+#include "posix/FileDescriptor.h"
+
+namespace quorvane {
+
+/// One of the three pipes between this process and a program that it starts. Both ends close on exec and lie
+/// above standard error, so that making one of them a standard stream cannot overwrite another.
+struct Pipe
+{
+    /// Does not block.
+    FileDescriptor ours;
+    FileDescriptor theirs;
+
+    /// For what the program reads.
+    [[nodiscard]] static Result<Pipe> toProgram();
+    /// For what the program writes.
+    [[nodiscard]] static Result<Pipe> fromProgram();
+};
+
+} // namespace quorvane
