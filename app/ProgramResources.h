@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+/// What is shipped with the program, found from where the program itself is, so that a whole tree can move.
+namespace quorvane::ProgramResources {
+
+/// Path of the calendar reader that belongs to the executable in `programFolder`: below that folder, as in a
+/// build tree or an unpacked archive, or below the libexec folder of the tree it is installed in. Empty when
+/// neither is there.
+[[nodiscard]] QString calendarReader(const QString &programFolder);
+
+} // namespace quorvane::ProgramResources
