@@ -11,6 +11,12 @@ using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
+namespace {
+
+const QString fantasticalFolderKey = u"fantasticalFolderBookmark"_s;
+
+} // namespace
+
 Preferences::Preferences(QString file)
     : m_file(std::move(file))
 {
@@ -58,6 +64,24 @@ QStringList Preferences::calendarFolders() const
 QStringList Preferences::ownAddresses() const
 {
     return list(u"ownAddresses"_s);
+}
+
+QString Preferences::fantasticalFolder() const
+{
+    return text(fantasticalFolderKey);
+}
+
+Result<void> Preferences::setFantasticalFolder(const QString &folder)
+{
+    QSettings settings(m_file, QSettings::IniFormat);
+    const QVariant before = settings.value(fantasticalFolderKey);
+    settings.setValue(fantasticalFolderKey, folder);
+    settings.sync();
+    if (settings.status() == QSettings::NoError)
+        return {};
+    // What could not be written would be remembered, and written at another time.
+    settings.setValue(fantasticalFolderKey, before);
+    return Failure(std::make_error_code(std::errc::io_error));
 }
 
 QStringList Preferences::list(const QString &key) const

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/MeetingSelection.h"
+#include "core/Result.h"
 
 #include <QString>
 #include <QStringList>
@@ -39,6 +40,12 @@ public:
 
     /// The user's own e-mail addresses in calendars that do not say whose they are ("ownAddresses").
     [[nodiscard]] QStringList ownAddresses() const;
+
+    /// Folder of Fantastical's cache as the user chose it ("fantasticalFolderBookmark"); empty when none is.
+    [[nodiscard]] QString fantasticalFolder() const;
+    /// Written when it returns. Other settings stay as they are, comments in the file do not. Fails with
+    /// `std::errc::io_error`, and the next question for the folder tells the old one.
+    [[nodiscard]] Result<void> setFantasticalFolder(const QString &folder);
 
 private:
     [[nodiscard]] QStringList list(const QString &key) const;
