@@ -11,14 +11,17 @@ set(QUORVANE_ROOMS
   "ui/format:core"
   "calendars/records:core"
   "calendars/ical:core calendars/records"
-  "calendars:core process calendars/records"
+  "calendars:core posix process calendars/records"
   "calendars/linux:core posix process calendars calendars/records calendars/ical"
+  "ui/dialogs:core calendars"
   "calendar-reader:core posix calendars/records calendars/ical"
   "alert:core ui/format"
   "alert/linux:core ui/format alert"
-  "model:core ui/format process calendars calendars/records alert"
+  "network:core"
+  "network/linux:core network"
+  "model:core ui/format process calendars calendars/records alert network"
   "model/linux:core ui/format process calendars calendars/records alert model"
-  "app:core posix process process/linux ui/format calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux")
+  "app:core posix process process/linux ui/format ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux")
 
 # quorvane_room(PATH [ROOMS room...] [LINK library...] [PRIVATE_LINK library...] SOURCES file...)
 # One static library per room, named quorvane_<path with underscores>.

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "network/linux/KeyringSecret.h"
+
+#include <QDBusMetaType>
+
+namespace quorvane {
+
+void KeyringSecret::registerTypes()
+{
+    qDBusRegisterMetaType<KeyringSecret>();
+    qDBusRegisterMetaType<KeyringAttributes>();
+}
+
+QDBusArgument &operator<<(QDBusArgument &argument, const KeyringSecret &secret)
+{
+    argument.beginStructure();
+    argument << secret.session << secret.parameters << secret.value << secret.contentType;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, KeyringSecret &secret)
+{
+    argument.beginStructure();
+    argument >> secret.session >> secret.parameters >> secret.value >> secret.contentType;
+    argument.endStructure();
+    return argument;
+}
+
+} // namespace quorvane
