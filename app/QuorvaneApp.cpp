@@ -9,13 +9,21 @@
 #include "alert/linux/DesktopMotionPreference.h"
 #include "alert/linux/DesktopPlatform.h"
 #include "alert/linux/XdgLinkOpener.h"
+#include "app/ProgramResources.h"
 #include "app/UserFolders.h"
+#include "calendars/linux/DesktopFolderChooser.h"
 #include "calendars/linux/EvolutionStore.h"
 #include "calendars/linux/FolderStore.h"
+#include "calendars/linux/PortalFolderChooser.h"
 #include "model/linux/SecondTicker.h"
 #include "model/linux/SystemClock.h"
 #include "model/linux/SystemWakeSource.h"
 #include "model/linux/TimerSlackActivities.h"
+#include "process/linux/PosixProcessRunner.h"
+#include "ui/dialogs/QuickFolderChooser.h"
+
+#include <QCoreApplication>
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +39,24 @@ std::vector<std::unique_ptr<CalendarStore>> calendarStores(const Preferences &pr
                                                        preferences.calendarFolders(),
                                                    preferences.ownAddresses()));
     return stores;
+}
+
+std::vector<std::unique_ptr<FolderChooser>> folderChoosers()
+{
+    std::vector<std::unique_ptr<FolderChooser>> choosers;
+    choosers.push_back(std::make_unique<PortalFolderChooser>());
+    choosers.push_back(std::make_unique<QuickFolderChooser>());
+    return choosers;
+}
+
+FantasticalReader::Configuration readerConfiguration(const Preferences &preferences)
+{
+    return {
+        .program = [] { return ProgramResources::calendarReader(QCoreApplication::applicationDirPath()); },
+        .home = QDir::homePath(),
+        .folder = [&preferences] { return preferences.fantasticalFolder(); },
+        .runner = std::make_shared<PosixProcessRunner>(),
+    };
 }
 
 AppModel::Mode modeOf(const QStringList &arguments)
@@ -54,6 +80,11 @@ struct QuorvaneApp::Parts
     SystemWakeSource wakes{ticks};
     TimerSlackActivities activities;
     CalendarReader calendarReader{calendarStores(preferences)};
+    FantasticalReader fantasticalReader{readerConfiguration(preferences)};
+    DesktopFolderChooser folderChooser{folderChoosers()};
+    FantasticalAccess fantasticalAccess{QDir::homePath(), folderChooser, [this](const QString &folder) {
+                                            return preferences.setFantasticalFolder(folder);
+                                        }};
     std::unique_ptr<PanelPlacement> placement = choosePlacement();
     CanberraChime chime;
     DesktopDisplayWaker waker;
@@ -66,9 +97,18 @@ struct QuorvaneApp::Parts
 QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment)
     : m_parts(std::make_unique<Parts>(environment))
 {
-    const AppModelServices services{m_parts->calendarReader, m_parts->overlay,         m_parts->preferences,
-                                    m_parts->clock,          m_parts->ticks,           m_parts->wakes,
-                                    m_parts->activities,     UserFolders::ledgerFile()};
+    const AppModelServices services{
+        .calendarReader = m_parts->calendarReader,
+        .fantasticalReader = m_parts->fantasticalReader,
+        .fantasticalAccess = m_parts->fantasticalAccess,
+        .overlay = m_parts->overlay,
+        .preferences = m_parts->preferences,
+        .clock = m_parts->clock,
+        .ticks = m_parts->ticks,
+        .wakes = m_parts->wakes,
+        .activities = m_parts->activities,
+        .ledgerFile = UserFolders::ledgerFile(),
+    };
     m_model = std::make_unique<AppModel>(modeOf(arguments), services);
     if (arguments.contains(u"--preview-overlay"_s))
         m_model->previewAlert();
@@ -85,9 +125,13 @@ void QuorvaneApp::reportTo(std::FILE *terminal)
         std::fprintf(terminal, "%s\n", qUtf8Printable(line));
         std::fflush(terminal);
     };
-    const auto printStatus = [this, print, last = QString()]() mutable {
-        if (m_model->status() != last)
-            print(last = m_model->status());
+    const auto printStatus = [this, print, last = QStringList()]() mutable {
+        const QStringList lines{m_model->status(), m_model->fantasticalStatus()};
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            if (lines[i] != last.value(i))
+                print(lines[i]);
+        }
+        last = lines;
     };
     const auto printNotice = [this, print] {
         if (const auto &notice = m_model->notice())

@@ -59,7 +59,7 @@ void AppModel::beginLiveWork()
         if (!m_changeDelay.isActive())
             m_changeDelay.start();
     });
-    connect(&m_services.calendarReader, &CalendarReader::storeRead, this, &AppModel::applyReading);
+    connect(&m_services.calendarReader, &CalendarReader::storeRead, this, &AppModel::applyStores);
     connect(&m_services.wakes, &WakeSource::woke, this, &AppModel::requestRefresh);
     connect(&m_services.ticks, &TickSource::tick, this, &AppModel::tick);
     connect(&m_services.ticks, &TickSource::clockChanged, this, [this] {

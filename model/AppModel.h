@@ -8,6 +8,7 @@
 #include "core/MeetingSelection.h"
 #include "model/AcknowledgmentLedger.h"
 #include "model/AppModelServices.h"
+#include "model/FantasticalSource.h"
 
 #include <QCoroTask>
 #include <QDateTime>
@@ -54,12 +55,21 @@ public:
     [[nodiscard]] bool isScheduled(const Meeting &meeting) const;
     [[nodiscard]] const MeetingChoices &selectionOverrides() const { return m_selectionOverrides; }
     [[nodiscard]] const std::vector<Meeting> &manualMeetings() const { return m_manualMeetings; }
+    /// The calendars of the system's stores.
     [[nodiscard]] const std::vector<CalendarOption> &calendars() const { return m_calendars; }
+    /// The calendars of the second source, as its last good reading found them.
+    [[nodiscard]] const std::vector<CalendarOption> &fantasticalCalendars() const
+    {
+        return m_fantastical.snapshot().calendars;
+    }
     [[nodiscard]] const AlertRecords &records() const { return m_records; }
 
     /// One line on the calendar sources and the schedule.
     [[nodiscard]] const QString &status() const { return m_status; }
+    /// One line on the second calendar source.
     [[nodiscard]] const QString &fantasticalStatus() const { return m_fantasticalStatus; }
+    /// The second source was read well the last time.
+    [[nodiscard]] bool fantasticalConnected() const { return m_fantastical.isConnected(); }
     /// One line on phone delivery.
     [[nodiscard]] const QString &cloudStatus() const { return m_cloudStatus; }
     /// A passing message for the user.
@@ -67,9 +77,11 @@ public:
     /// A calendar store has answered.
     [[nodiscard]] bool calendarAccess() const { return m_calendarAccess; }
     [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
+    /// When a source was last read without error.
     [[nodiscard]] const std::optional<QDateTime> &lastSuccessfulRead() const { return m_lastSuccessfulRead; }
+    /// When the last refresh ended.
     [[nodiscard]] const std::optional<QDateTime> &lastRefresh() const { return m_lastRefresh; }
-    /// Number of events that the last reading found.
+    /// Number of events that the last reading of all sources found.
     [[nodiscard]] qsizetype freshCalendarEventCount() const { return m_freshCalendarEventCount; }
     /// Screen alerts stay away until this moment.
     [[nodiscard]] const std::optional<QDateTime> &pausedUntil() const { return m_pausedUntil; }
@@ -80,6 +92,8 @@ public:
     void tick();
     /// Asks for access to the calendars, then refreshes.
     QCoro::Task<> connectCalendar();
+    /// Lets the user choose the folder of the second source, then refreshes.
+    QCoro::Task<> connectFantastical();
 
     /// Keeps screen alerts away for `pauseLength` and closes the one that is up.
     void pauseAlerts();
@@ -112,11 +126,13 @@ private:
     [[nodiscard]] double now() const { return m_services.clock.now(); }
 
     // AppModelRefresh.cpp: reading and its outcome.
+    QCoro::Task<> readFantastical(QStringList excluded);
+    void applyStores();
     void applyReading();
+    void endRefresh();
     void chooseMeetings();
     void closeOutdatedAlert();
     void describeSources();
-    void setStatus(const QString &status);
     void requestRefresh();
 
     // AppModelAlerts.cpp: firing and the user's answer.
@@ -149,6 +165,7 @@ private:
     std::vector<CalendarOption> m_calendars;
     QString m_status;
     bool m_calendarAccess = false;
+    FantasticalSource m_fantastical;
     QString m_fantasticalStatus;
     std::optional<QDateTime> m_lastRefresh;
     QString m_cloudStatus;

@@ -24,12 +24,20 @@ QCoro::Task<> AppModel::refresh()
     Q_EMIT isRefreshingChanged();
     m_refreshAgain = false;
     m_refreshMark = now();
-    co_await m_services.calendarReader.read(now(), m_services.preferences.excludedCalendars());
-    if (!self)
-        co_return;
+    const QStringList excluded = m_services.preferences.excludedCalendars();
+    // Both at once: neither source waits for the other.
+    QCoro::Task<> second = readFantastical(excluded);
+    co_await m_services.calendarReader.read(now(), excluded);
+    co_await second;
+    if (self)
+        endRefresh();
+}
+
+void AppModel::endRefresh()
+{
     m_isRefreshing = false;
     m_lastRefresh = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
-    m_fantasticalStatus.clear();
+    describeSources();
     mendTimes();
     if (!m_isSaved)
         save();
@@ -50,18 +58,41 @@ void AppModel::requestRefresh()
     launch(m_services.calendarReader.read(now(), m_services.preferences.excludedCalendars()));
 }
 
+QCoro::Task<> AppModel::readFantastical(QStringList excluded)
+{
+    const QPointer<AppModel> self(this);
+    Result<FantasticalSnapshot> outcome = co_await m_services.fantasticalReader.read(excluded);
+    if (!self)
+        co_return;
+    m_fantastical.take(std::move(outcome));
+    if (m_fantastical.isConnected())
+        m_lastSuccessfulRead = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
+    applyReading();
+}
+
 // Runs for each store that has been read or has failed; the last one of a refresh thereby sees them all.
-void AppModel::applyReading()
+void AppModel::applyStores()
 {
     const CalendarReader &reader = m_services.calendarReader;
     m_calendarAccess = reader.authorizationStatus() == AuthorizationStatus::fullAccess;
     m_calendars = reader.calendars();
-    const auto local = reader.events(now(), m_services.preferences.excludedCalendars());
     if (m_calendarAccess && reader.problems().empty())
         m_lastSuccessfulRead = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
+    applyReading();
+}
+
+// Makes the meetings anew from all that is known: a source that failed, or has not answered yet, says what it
+// said before.
+void AppModel::applyReading()
+{
+    const QStringList excluded = m_services.preferences.excludedCalendars();
+    std::vector<Meeting> local = m_services.calendarReader.events(now(), excluded);
     m_freshCalendarEventCount = static_cast<qsizetype>(local.size());
-    m_calendarEvents =
-        MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings, Freshness::stale, now());
+    std::ranges::move(m_fantastical.meetings(excluded), std::back_inserter(local));
+    if (m_fantastical.isConnected())
+        m_freshCalendarEventCount = static_cast<qsizetype>(local.size());
+    m_calendarEvents = MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings,
+                                                    m_fantastical.freshness(), now());
     chooseMeetings();
     closeOutdatedAlert();
     describeSources();
@@ -94,16 +125,16 @@ void AppModel::closeOutdatedAlert()
         m_services.overlay.close();
 }
 
+// A source that fails is told of when the refresh ends, since another one may still answer.
 void AppModel::describeSources()
 {
+    if (m_isRefreshing && !m_calendarAccess && !m_fantastical.isConnected())
+        return;
     m_cloudStatus = u"Local only. Phone delivery stops while this Mac sleeps."_s;
-    setStatus(SourceStatus::line(m_calendarAccess, m_services.calendarReader.problems(),
-                                 m_scheduledMeetings.size()));
-}
-
-void AppModel::setStatus(const QString &status)
-{
-    m_status = status;
+    m_status = SourceStatus::line({m_calendarAccess, m_fantastical.isConnected(),
+                                   m_services.calendarReader.problems(), m_scheduledMeetings.size()});
+    if (m_fantastical.wasRead())
+        m_fantasticalStatus = SourceStatus::fantasticalLine(m_fantastical, m_calendarAccess, now());
     Q_EMIT statusChanged();
 }
 
@@ -120,6 +151,16 @@ QCoro::Task<> AppModel::connectCalendar()
     (void)co_await m_services.calendarReader.requestAccess();
     if (self)
         co_await refresh();
+}
+
+QCoro::Task<> AppModel::connectFantastical()
+{
+    const QPointer<AppModel> self(this);
+    if (m_mode == Mode::preview)
+        co_return;
+    const bool wasChosen = co_await m_services.fantasticalAccess.chooseFolder();
+    if (self && wasChosen)
+        requestRefresh();
 }
 
 } // namespace quorvane

@@ -5,6 +5,8 @@
 
 #include "alert/Overlay.h"
 #include "calendars/CalendarReader.h"
+#include "calendars/FantasticalAccess.h"
+#include "calendars/FantasticalReader.h"
 #include "model/Clock.h"
 #include "model/Preferences.h"
 #include "model/ProcessActivities.h"
@@ -19,6 +21,8 @@ namespace quorvane {
 struct AppModelServices
 {
     CalendarReader &calendarReader;
+    FantasticalReader &fantasticalReader;
+    FantasticalAccess &fantasticalAccess;
     Overlay &overlay;
     const Preferences &preferences;
     const Clock &clock;

@@ -4,12 +4,16 @@
 #include "model/SourceStatus.h"
 
 #include "calendars/CalendarError.h"
+#include "calendars/records/FantasticalReadError.h"
 
 using namespace Qt::StringLiterals;
 
 namespace quorvane::SourceStatus {
 
 namespace {
+
+/// A calendar sync longer ago than this is worth a word, in seconds.
+constexpr double oldSync = 3600;
 
 QString sentence(const StoreProblem &problem)
 {
@@ -20,28 +24,66 @@ QString sentence(const StoreProblem &problem)
     return u"%1 could not be read completely; its saved meetings are retained."_s.arg(problem.store);
 }
 
+/// No store of the system is there, or one is there and does not answer.
+QString withoutAccess(const std::vector<StoreProblem> &problems)
+{
+    return problems.empty()
+               ? u"Calendar access is off. Allow Quorvane in System Settings > Privacy & Security > "
+                 "Calendars, then refresh."_s
+               : u"Calendar access failed. Check Privacy & Security > Calendars."_s;
+}
+
+QString failureText(const std::error_code &error)
+{
+    if (error == FantasticalReadError::helperMissing)
+        return u"Calendar reader is missing. Reinstall Quorvane or connect Apple Calendar."_s;
+    if (error == FantasticalReadError::accessDenied)
+        return u"Fantastical access was denied. Connect Apple Calendar to read your meetings."_s;
+    if (error == FantasticalReadError::databaseUnavailable)
+        return u"Fantastical’s calendar cache cannot be opened. Check Quorvane’s access in macOS Privacy & "
+               "Security, then refresh."_s;
+    if (error == FantasticalReadError::unsupportedFormat)
+        return u"Fantastical’s calendar format changed. Connect Apple Calendar."_s;
+    if (error == FantasticalReadError::helperFailed)
+        return u"The Fantastical reader could not run. Connect Apple Calendar or retry."_s;
+    if (error == FantasticalReadError::invalidData)
+        return u"Fantastical returned an unreadable calendar. Retry or connect Apple Calendar."_s;
+    return u"Calendar read failed. Retry or connect Apple Calendar."_s;
+}
+
+QString connectedText(const FantasticalSnapshot &snapshot, double now)
+{
+    if (snapshot.skipped > 0)
+        return u"Fantastical: %1 records could not be read"_s.arg(snapshot.skipped);
+    if (now - snapshot.cacheModifiedAt > oldSync)
+        return u"Fantastical connected. Its last calendar sync is over an hour old."_s;
+    return u"Fantastical connected"_s;
+}
+
 } // namespace
 
-QString line(bool calendarAccess, const std::vector<StoreProblem> &problems, std::size_t scheduledMeetings)
+QString line(const Summary &summary)
 {
-    if (!calendarAccess)
-        return problems.empty() ? accessOff() : accessFailed();
+    const QString count = QString::number(summary.scheduledMeetings) + u" meetings scheduled for alerts"_s;
+    if (!summary.calendarAccess && !summary.fantasticalConnected) {
+        const QString text = withoutAccess(summary.problems);
+        return summary.scheduledMeetings == 0 ? text : text + u' ' + count;
+    }
     QString text;
-    for (const StoreProblem &problem : problems)
+    for (const StoreProblem &problem : summary.problems)
         text += sentence(problem) + u' ';
-    return text + QString::number(scheduledMeetings) + u" meetings scheduled for alerts"_s;
+    return text + count;
 }
 
-QString accessOff()
+QString fantasticalLine(const FantasticalSource &source, bool calendarAccess, double now)
 {
-    return u"Calendar access is off. Allow Quorvane in System Settings > Privacy & Security > Calendars, "
-           u"then "
-           "refresh."_s;
-}
-
-QString accessFailed()
-{
-    return u"Calendar access failed. Check Privacy & Security > Calendars."_s;
+    if (source.isConnected())
+        return connectedText(source.snapshot(), now);
+    if (!source.failure())
+        return {};
+    return calendarAccess
+               ? u"Apple Calendar connected. Fantastical access is blocked; saved meetings are retained."_s
+               : failureText(source.failure());
 }
 
 } // namespace quorvane::SourceStatus

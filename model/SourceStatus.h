@@ -4,6 +4,7 @@
 #pragma once
 
 #include "calendars/CalendarReader.h"
+#include "model/FantasticalSource.h"
 
 #include <QString>
 
@@ -13,13 +14,21 @@
 /// The words in which the state of the calendar sources is told.
 namespace quorvane::SourceStatus {
 
-/// One line: which stores need attention, then how many meetings will alert; or that there is no access.
-[[nodiscard]] QString line(bool calendarAccess, const std::vector<StoreProblem> &problems,
-                           std::size_t scheduledMeetings);
+/// What the line about all sources is made of.
+struct Summary
+{
+    /// A store of the system has answered.
+    bool calendarAccess = false;
+    bool fantasticalConnected = false;
+    std::vector<StoreProblem> problems;
+    std::size_t scheduledMeetings = 0;
+};
 
-/// No calendar store is there.
-[[nodiscard]] QString accessOff();
-/// A calendar store is there and does not answer.
-[[nodiscard]] QString accessFailed();
+/// One line: what needs attention, then how many meetings will alert. With no source at all it says that
+/// there is no access, and counts only meetings that are there nevertheless.
+[[nodiscard]] QString line(const Summary &summary);
+
+/// The line of the second source at Unix time `now`; empty before its first reading has ended.
+[[nodiscard]] QString fantasticalLine(const FantasticalSource &source, bool calendarAccess, double now);
 
 } // namespace quorvane::SourceStatus

@@ -3,10 +3,13 @@
 
 #pragma once
 
+#include "calendars/records/FantasticalCache.h"
 #include "model/AppModel.h"
 #include "model/Launch.h"
 #include "tests/support/AlertFixture.h"
 #include "tests/support/ManualTime.h"
+#include "tests/support/ScriptedChooser.h"
+#include "tests/support/ScriptedRunner.h"
 #include "tests/support/ScriptedStore.h"
 
 #include <QFile>
@@ -24,7 +27,8 @@ public:
     }
 };
 
-/// A model on a clock, a store and an alert of the test's, with its files in a folder that goes away.
+/// A model on a clock, calendar sources and an alert of the test's, with its files in a folder that goes
+/// away.
 class ModelFixture
 {
 public:
@@ -40,8 +44,9 @@ public:
 
     void start(AppModel::Mode mode = AppModel::Mode::live)
     {
-        const AppModelServices services{*reader, alert.overlay, preferences, clock,
-                                        ticks,   wakes,         activities,  ledgerFile()};
+        const AppModelServices services{
+            *reader, fantasticalReader, fantasticalAccess, alert.overlay, preferences, clock, ticks,
+            wakes,   activities,        ledgerFile()};
         model = std::make_unique<AppModel>(mode, services);
     }
 
@@ -66,6 +71,18 @@ public:
         return dir.filePath(QStringLiteral("data/acknowledgments.json"));
     }
 
+    /// From now on `fantastical` answers for the reader executable, which is missing before.
+    void installReader() { readerProgram = QStringLiteral("/bin/true"); }
+    void removeReader() { readerProgram.clear(); }
+
+    /// A folder with a cache file in it.
+    [[nodiscard]] QString cacheFolder() const
+    {
+        QFile file(dir.filePath(FantasticalCache::fileName));
+        [&] { QVERIFY(file.open(QIODevice::WriteOnly)); }();
+        return dir.path();
+    }
+
     void addSetting(const QString &line) const
     {
         QFile file(dir.filePath(QStringLiteral("settings.ini")));
@@ -82,6 +99,16 @@ public:
     ManualWakes wakes;
     NoActivities activities;
     Preferences preferences{dir.filePath(QStringLiteral("settings.ini"))};
+    std::shared_ptr<ScriptedRunner> fantastical = std::make_shared<ScriptedRunner>();
+    QString readerProgram;
+    FantasticalReader fantasticalReader{{.program = [this] { return readerProgram; },
+                                         .home = dir.path(),
+                                         .folder = [this] { return preferences.fantasticalFolder(); },
+                                         .runner = fantastical}};
+    ScriptedChooser chooser;
+    FantasticalAccess fantasticalAccess{dir.path(), chooser, [this](const QString &folder) {
+                                            return preferences.setFantasticalFolder(folder);
+                                        }};
     std::unique_ptr<CalendarReader> reader;
     std::unique_ptr<AppModel> model;
 };

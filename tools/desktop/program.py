@@ -4,6 +4,7 @@
 import json
 import os
 import re
+import shlex
 import signal
 import time
 
@@ -20,13 +21,15 @@ def binary():
 
 
 class Program:
-    """`with Program(desktop) as program:` starts Quorvane in the desktop's session and ends it."""
+    """`with Program(desktop) as program:` starts Quorvane in the desktop's session and ends it; `in_terminal` lets it tell
+    its status."""
 
-    def __init__(self, desktop, *arguments, settings=None, **environment):
+    def __init__(self, desktop, *arguments, settings=None, in_terminal=False, **environment):
         if not os.access(binary(), os.X_OK):
             raise DesktopError(f"there is no program {binary()} (./dev build makes it)")
         self.desktop = desktop
         self.arguments = arguments
+        self.in_terminal = in_terminal
         self.environment = {"QT_LOGGING_RULES": "quorvane.alert.debug=true", "QT_FORCE_STDERR_LOGGING": "1",
                             **environment}
         self.data = os.path.join(desktop.env["XDG_DATA_HOME"], "Quorvane")
@@ -52,7 +55,10 @@ class Program:
     def start(self):
         os.makedirs(self.calendars, exist_ok=True)
         # Which of Qt's platforms suits the session is for the program to find out.
-        self.process = self.desktop.start("quorvane", [binary(), *self.arguments], without=("QT_QPA_PLATFORM",),
+        command = [binary(), *self.arguments]
+        if self.in_terminal:
+            command = ["script", "-qefc", shlex.join(command), "/dev/null"]
+        self.process = self.desktop.start("quorvane", command, without=("QT_QPA_PLATFORM",),
                                           **self.environment)
 
     def kill(self):
@@ -71,6 +77,11 @@ class Program:
     @property
     def log(self):
         return self.desktop.log("quorvane")
+
+    def said(self):
+        """What it printed so far, in a terminal or on standard error."""
+        with open(self.log, encoding="utf-8", errors="replace") as file:
+            return file.read()
 
     def add(self, event, calendar="work"):
         return write_event(os.path.join(self.calendars, calendar), event)
@@ -103,8 +114,7 @@ class Program:
 
     def painted(self):
         """(due, shown, painted) of every alert so far, Unix times."""
-        with open(self.log, encoding="utf-8", errors="replace") as file:
-            return [tuple(float(time_) for time_ in found) for found in PAINTED.findall(file.read())]
+        return [tuple(float(time_) for time_ in found) for found in PAINTED.findall(self.said())]
 
     def wait_painted(self, count, seconds):
         """Waits until `count` alerts were on all displays; returns the last one's (due, shown, painted)."""
