@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 
 namespace quorvane {
 namespace {
@@ -88,7 +89,10 @@ std::optional<int> dayOf(std::string_view value)
     int day = 0;
     const auto [end, error] =
         std::from_chars(value.data(), value.data() + std::min<std::size_t>(8, value.size()), day);
-    if (error != std::errc() || end != value.data() + 8)
+    const std::chrono::year_month_day date(std::chrono::year(day / 10000),
+                                           std::chrono::month(static_cast<unsigned>(day / 100 % 100)),
+                                           std::chrono::day(static_cast<unsigned>(day % 100)));
+    if (error != std::errc() || end != value.data() + 8 || !date.ok())
         return std::nullopt;
     return day;
 }

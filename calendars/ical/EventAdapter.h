@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "calendars/records/CalendarEvent.h"
 #include "calendars/ical/OwnAddresses.h"
+#include "calendars/records/CalendarEvent.h"
 
 #include <libical/ical.h>
 

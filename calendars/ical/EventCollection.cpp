@@ -3,6 +3,7 @@
 
 #include "calendars/ical/EventCollection.h"
 
+#include "calendars/ical/NativeComponent.h"
 #include "calendars/ical/OccurrenceExpander.h"
 
 #include <algorithm>
@@ -10,11 +11,6 @@
 
 namespace quorvane {
 namespace {
-
-icalcomponent *native(ICalComponent *component)
-{
-    return static_cast<icalcomponent *>(i_cal_object_get_native(I_CAL_OBJECT(component)));
-}
 
 void append(std::vector<CalendarEvent> &events, const CalendarEvent &description,
             const Occurrence &occurrence)

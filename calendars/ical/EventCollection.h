@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "calendars/records/CalendarEvent.h"
 #include "calendars/ical/EventAdapter.h"
 #include "calendars/ical/GlibPointer.h"
 #include "calendars/ical/TimeZoneResolver.h"
+#include "calendars/records/CalendarEvent.h"
 
 #include <libecal/libecal.h>
 

@@ -3,16 +3,13 @@
 
 #include "calendars/ical/EventSeries.h"
 
+#include "calendars/ical/NativeComponent.h"
+
 #include <algorithm>
 #include <cstdlib>
 
 namespace quorvane {
 namespace {
-
-icalcomponent *native(ICalComponent *component)
-{
-    return static_cast<icalcomponent *>(i_cal_object_get_native(I_CAL_OBJECT(component)));
-}
 
 bool isChangeOfFuture(ICalComponent *component)
 {

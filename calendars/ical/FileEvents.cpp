@@ -6,6 +6,8 @@
 #include "calendars/ical/CalendarText.h"
 #include "calendars/ical/EventAdapter.h"
 #include "calendars/ical/EventCollection.h"
+#include "calendars/ical/NativeComponent.h"
+#include "calendars/ical/RecurrenceBudget.h"
 
 #include <chrono>
 #include <map>
@@ -32,6 +34,13 @@ bool isOutside(const CalendarText::Event &event, const FileContext &context)
            (event.firstDay && unixDay(*event.firstDay) - 2 * day > context.to);
 }
 
+bool isUsable(ICalComponent *event, time_t to)
+{
+    const icaltimetype start = icalcomponent_get_dtstart(native(event));
+    return !icaltime_is_null_time(start) && icaltime_is_valid_time(start) &&
+           RecurrenceBudget::covers(native(event), to);
+}
+
 std::map<std::string, ICalTimezone *> zonesOf(const CalendarText &text, ZoneDefinitions &definitions)
 {
     std::map<std::string, ICalTimezone *> zones;
@@ -51,6 +60,7 @@ FileEvents FileEvents::read(const std::string &content, const std::string &fileN
 {
     const CalendarText text = CalendarText::parse(content);
     FileEvents result;
+    result.unusable = text.brokenEvents;
     result.isReadable = text.isCalendar && text.brokenEvents == 0 && text.events.empty();
     EventCollection collection;
     for (const CalendarText::Event &event : text.events) {
@@ -61,7 +71,10 @@ FileEvents FileEvents::read(const std::string &content, const std::string &fileN
         GlibPointer<ICalComponent> component(i_cal_component_new_from_string(event.text.c_str()));
         if (component && i_cal_component_isa(component.get()) == I_CAL_VEVENT_COMPONENT) {
             result.isReadable = true;
+            result.unusable += isUsable(component.get(), context.to) ? 0 : 1;
             collection.add(std::move(component));
+        } else {
+            ++result.unusable;
         }
     }
     if (collection.isEmpty())

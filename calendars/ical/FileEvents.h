@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "calendars/records/CalendarEvent.h"
 #include "calendars/ical/OwnAddresses.h"
 #include "calendars/ical/ZoneDefinitions.h"
+#include "calendars/records/CalendarEvent.h"
 
 #include <QByteArray>
 
@@ -34,6 +34,9 @@ struct FileEvents
     std::vector<CalendarEvent> events;
     /// Whether anything in it could be read; an empty calendar can.
     bool isReadable = false;
+    /// Components that no occurrence can be worked out of, or not in a moment: broken ones, such without a
+    /// valid DTSTART, and series beyond `RecurrenceBudget`.
+    int unusable = 0;
 
     /// Reads the content of the file `fileName`. Its components with the same UID belong together.
     [[nodiscard]] static FileEvents read(const std::string &content, const std::string &fileName,

@@ -5,6 +5,8 @@
 
 #include "calendars/ical/EventSeries.h"
 #include "calendars/ical/GlibPointer.h"
+#include "calendars/ical/NativeComponent.h"
+#include "calendars/ical/RecurrenceBudget.h"
 
 #include <algorithm>
 
@@ -93,10 +95,14 @@ std::vector<Occurrence> OccurrenceExpander::expand(const std::vector<ICalCompone
     if (series.master())
         all.push_back(series.master());
     for (ICalComponent *component : all) {
+        if (!RecurrenceBudget::covers(native(component), m_to + margin))
+            continue;
         expansion.current = component;
+        // Two days more than is asked for, so that no zone cuts off an occurrence that counts.
+        const auto bounded = RecurrenceBudget::endedAt(component, m_to + margin + 2 * day);
         GError *error = nullptr; // an event that makes no sense has no occurrences
-        e_cal_recur_generate_instances_sync(component, from.get(), to.get(), addInstance, &expansion, resolve,
-                                            &expansion, m_zones.defaultZone(), nullptr, &error);
+        e_cal_recur_generate_instances_sync(bounded.get(), from.get(), to.get(), addInstance, &expansion,
+                                            resolve, &expansion, m_zones.defaultZone(), nullptr, &error);
         g_clear_error(&error);
     }
     return std::move(expansion.found);

@@ -3,6 +3,9 @@
 
 #include "calendars/ical/ZoneDefinitions.h"
 
+#include "calendars/ical/NativeComponent.h"
+#include "calendars/ical/RecurrenceBudget.h"
+
 namespace quorvane {
 
 ICalTimezone *ZoneDefinitions::zone(const std::string &definition)
@@ -12,7 +15,7 @@ ICalTimezone *ZoneDefinitions::zone(const std::string &definition)
         return known->second.get();
     GlibPointer<ICalTimezone> zone;
     const GlibPointer<ICalComponent> component(i_cal_component_new_from_string(definition.c_str()));
-    if (component) {
+    if (component && RecurrenceBudget::coversZone(native(component.get()))) {
         zone.reset(i_cal_timezone_new());
         if (!i_cal_timezone_set_component(zone.get(), component.get()))
             zone.reset();

@@ -19,22 +19,40 @@ bool concernsUser(const CalendarEvent &event, double now)
            event.start >= now - Meeting::graceAfterStart && event.end > event.start && !event.declinedByUser;
 }
 
-std::optional<QString> joinLink(const CalendarEvent &event)
+/// Finds join links; the occurrences of a series share their long texts, which are searched once.
+class LinkSearch final
 {
-    QStringList texts;
-    for (const auto &text : {event.url, event.location, event.notes}) {
-        if (text)
-            texts.append(*text);
+public:
+    std::optional<QString> linkOf(const CalendarEvent &event)
+    {
+        if (!m_last || m_last->url != event.url || m_last->location != event.location ||
+            m_last->notes != event.notes)
+            m_link = search(event);
+        m_last = &event;
+        return m_link;
     }
-    return Meeting::findJoinURL(texts.join(u'\n'));
-}
+
+private:
+    static std::optional<QString> search(const CalendarEvent &event)
+    {
+        QStringList texts;
+        for (const auto &text : {event.url, event.location, event.notes}) {
+            if (text)
+                texts.append(*text);
+        }
+        return Meeting::findJoinURL(texts.join(u'\n'));
+    }
+
+    const CalendarEvent *m_last = nullptr;
+    std::optional<QString> m_link;
+};
 
 QString titleOf(const CalendarEvent &event)
 {
     return event.title && !event.title->trimmed().isEmpty() ? *event.title : u"Meeting"_s;
 }
 
-Meeting meetingOf(const CalendarEvent &event, const QString &id)
+Meeting meetingOf(const CalendarEvent &event, const QString &id, LinkSearch &links)
 {
     return {
         .id = id,
@@ -42,7 +60,7 @@ Meeting meetingOf(const CalendarEvent &event, const QString &id)
         .start = event.start,
         .end = event.end,
         .calendar = event.calendar,
-        .joinURL = joinLink(event),
+        .joinURL = links.linkOf(event),
         .source = Meeting::systemSource,
     };
 }
@@ -53,6 +71,7 @@ std::vector<Meeting> meetings(const std::vector<CalendarEvent> &events, double n
 {
     std::vector<Meeting> result;
     QSet<QString> seen;
+    LinkSearch links;
     for (const CalendarEvent &event : events) {
         if (!concernsUser(event, now))
             continue;
@@ -61,7 +80,7 @@ std::vector<Meeting> meetings(const std::vector<CalendarEvent> &events, double n
         if (seen.contains(id))
             continue;
         seen.insert(id);
-        result.push_back(meetingOf(event, id));
+        result.push_back(meetingOf(event, id, links));
     }
     std::ranges::stable_sort(result, {}, &Meeting::start);
     return result;
