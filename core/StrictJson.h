@@ -9,9 +9,12 @@
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QMap>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
+#include <vector>
 
 namespace quorvane {
 
@@ -41,14 +44,27 @@ public:
     [[nodiscard]] qint64 integer(QLatin1StringView key);
     [[nodiscard]] QJsonArray array(QLatin1StringView key);
     [[nodiscard]] bool boolean(QLatin1StringView key);
-    /// Absent when the key is missing or null.
+    /// An array of nothing but texts.
+    [[nodiscard]] QStringList strings(QLatin1StringView key);
+    /// An object of nothing but texts.
+    [[nodiscard]] QMap<QString, QString> textsByName(QLatin1StringView key);
+    [[nodiscard]] QJsonObject object(QLatin1StringView key);
+    /// Absent when the key is missing or null, as is the one below.
     [[nodiscard]] std::optional<QString> optionalString(QLatin1StringView key);
+    [[nodiscard]] std::optional<double> optionalNumber(QLatin1StringView key);
+
+    /// An array of objects, each read by `Record::fromJson`.
+    template<class Record>
+    [[nodiscard]] std::vector<Record> records(QLatin1StringView key);
 
     /// Why the reading failed; an empty code when it did not.
     [[nodiscard]] std::error_code failure() const { return m_failure; }
 
 private:
     [[nodiscard]] QJsonValue required(QLatin1StringView key, QJsonValue::Type type);
+    [[nodiscard]] bool isAbsent(QLatin1StringView key) const;
+    [[nodiscard]] QString text(const QJsonValue &value);
+    void fail(std::error_code reason);
 
     QJsonObject m_object;
     std::error_code m_failure;
@@ -57,3 +73,26 @@ private:
 } // namespace quorvane
 
 QUORVANE_ERROR_ENUM(JsonError)
+
+namespace quorvane {
+
+template<class Record>
+std::vector<Record> StrictJson::records(QLatin1StringView key)
+{
+    const QJsonArray values = array(key);
+    std::vector<Record> found;
+    found.reserve(static_cast<std::size_t>(values.size()));
+    for (const QJsonValue value : values) {
+        if (!value.isObject())
+            fail(JsonError::wrongType);
+        Result<Record> record = Record::fromJson(value.toObject());
+        if (!record)
+            fail(record.error());
+        if (m_failure)
+            return {};
+        found.push_back(*std::move(record));
+    }
+    return found;
+}
+
+} // namespace quorvane
