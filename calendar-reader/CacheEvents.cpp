@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "calendar-reader/CacheEvents.h"
+
+#include "calendars/records/EventMeetings.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace quorvane {
+namespace {
+
+/// The bounds of a row are taken with two days to spare: floating times and dates have no zone of their own.
+constexpr sqlite3_int64 margin = 2 * 86'400;
+
+bool isIdentified(const CalendarEvent &event)
+{
+    return !event.externalIdentifier.isEmpty() &&
+           event.externalIdentifier.size() <= CacheEvents::longestIdentifier;
+}
+
+void cutTitle(CalendarEvent &event)
+{
+    if (!event.title || event.title->size() <= CacheEvents::longestTitle)
+        return;
+    event.title->truncate(CacheEvents::longestTitle);
+    if (event.title->back().isHighSurrogate())
+        event.title->chop(1);
+}
+
+} // namespace
+
+CacheEvents::CacheEvents(const CacheDatabase &database, const CacheCalendars &calendars,
+                         const CacheRequest &request)
+    : m_database(database)
+    , m_calendars(calendars)
+    , m_request(request)
+{
+    m_context.defaultZone = request.zone;
+    m_context.from = static_cast<time_t>(request.now - Meeting::graceAfterStart);
+    m_context.to = static_cast<time_t>(request.now + EventMeetings::horizon);
+}
+
+Result<std::vector<CalendarEvent>> CacheEvents::read()
+{
+    const Result<std::vector<Row>> found = rows();
+    if (!found)
+        return Failure(found.error());
+    for (const Row &row : *found) {
+        const bool isOver =
+            std::chrono::steady_clock::now() > m_request.deadline || m_events.size() > mostOccurrences;
+        if (isOver || !m_request.mayRead(row.id)) {
+            ++m_skipped;
+            continue;
+        }
+        if (const Result<void> done = readRow(row); !done)
+            return Failure(done.error());
+    }
+    return std::move(m_events);
+}
+
+/// The rows are listed first: the index has all that this takes, so contents are touched only where needed.
+Result<std::vector<CacheEvents::Row>> CacheEvents::rows()
+{
+    Result<Statement> row = m_database.query("SELECT rowid, calendar FROM event "
+                                             "WHERE (first_start IS NULL OR first_start <= ?1) "
+                                             "AND (last_end IS NULL OR last_end >= ?2)");
+    if (!row)
+        return Failure(row.error());
+    row->bind(1, m_context.to + margin);
+    row->bind(2, m_context.from - margin);
+    std::vector<Row> rows;
+    for (;;) {
+        const Result<bool> more = row->step();
+        if (!more)
+            return Failure(more.error());
+        if (!*more)
+            return rows;
+        const auto calendar = row->text(1);
+        if (calendar && m_request.excluded.contains(*calendar))
+            continue;
+        const CalendarOption *known = calendar ? m_calendars.find(*calendar) : nullptr;
+        if (known && rows.size() < mostRows)
+            rows.push_back({row->integer(0), known});
+        else
+            ++m_skipped;
+    }
+}
+
+Result<void> CacheEvents::readRow(const Row &row)
+{
+    const Result<std::string> content = m_database.content(row.id);
+    if (!content)
+        return Failure(content.error());
+    m_skipped += takeEvents(row, *content) ? 0 : 1;
+    return {};
+}
+
+/// Returns whether everything in the content could be used.
+bool CacheEvents::takeEvents(const Row &row, const std::string &content)
+{
+    FileEvents read = FileEvents::read(content, std::string(), context(*row.calendar), m_zones);
+    m_zones.trim();
+    const std::size_t found = read.events.size();
+    std::erase_if(read.events, [](const CalendarEvent &event) { return !isIdentified(event); });
+    std::ranges::for_each(read.events, cutTitle);
+    const bool isWhole = read.isReadable && read.unusable == 0 && read.events.size() == found;
+    std::ranges::move(read.events, std::back_inserter(m_events));
+    return isWhole;
+}
+
+/// Rows of a calendar tend to follow each other.
+const FileContext &CacheEvents::context(const CalendarOption &calendar)
+{
+    if (m_context.calendarId != calendar.id) {
+        m_context.calendarId = calendar.id;
+        m_context.calendarName = calendar.name;
+        m_context.addresses = m_calendars.addresses(calendar.id);
+    }
+    return m_context;
+}
+
+} // namespace quorvane

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "calendar-reader/DatabaseError.h"
+
+#include <cerrno>
+
+namespace quorvane {
+
+FantasticalReadError databaseError(sqlite3 *database, int code)
+{
+    const int number = database ? sqlite3_system_errno(database) : 0;
+    switch (code & 0xFF) {
+    case SQLITE_ERROR:
+        return FantasticalReadError::unsupportedFormat;
+    case SQLITE_CANTOPEN:
+        return number == EACCES || number == EPERM ? FantasticalReadError::accessDenied
+                                                   : FantasticalReadError::databaseUnavailable;
+    default:
+        return FantasticalReadError::databaseUnavailable;
+    }
+}
+
+} // namespace quorvane

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArrayList>
+
+namespace quorvane {
+
+/// From now on this process can read below `folders` and nowhere else, write nothing, reach no TCP port and
+/// send nothing to processes outside (Landlock). Files that are open stay open. A kernel without Landlock, or
+/// with an older one, confines less; that is no failure.
+void confineToReading(const QByteArrayList &folders);
+
+} // namespace quorvane

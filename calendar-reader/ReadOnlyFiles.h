@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+namespace quorvane {
+
+/// SQLite's own access to files, less everything that writes: it opens nothing for writing, creates nothing
+/// and deletes nothing, whatever the database asks for. Opening a log would otherwise create it.
+/// Returns the name under which SQLite knows it.
+[[nodiscard]] const char *readOnlyFiles();
+
+} // namespace quorvane
