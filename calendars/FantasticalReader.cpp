@@ -13,7 +13,6 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QStringDecoder>
 
 #include <optional>
 
@@ -61,12 +60,9 @@ ProcessRequest requestFor(const Job &job)
 
 FantasticalReadError errorNamedIn(const QByteArray &said)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8,
-                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-    const QString text = decoder(said);
-    if (decoder.hasError())
-        return FantasticalReadError::helperFailed;
-    return errorOfToken(text.trimmed().toStdString()).value_or(FantasticalReadError::helperFailed);
+    // What is no UTF-8 becomes replacement characters, which are in none of the words.
+    const QString text = QString::fromUtf8(said).trimmed();
+    return errorOfToken(text.toStdString()).value_or(FantasticalReadError::helperFailed);
 }
 
 Reading readingFrom(const ProcessOutcome &outcome)

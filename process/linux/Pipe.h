@@ -9,7 +9,8 @@
 namespace quorvane {
 
 /// One of the three pipes between this process and a program that it starts. Both ends close on exec and lie
-/// above standard error, so that making one of them a standard stream cannot overwrite another.
+/// above standard error: in a process whose standard streams are closed, what somebody prints must not get
+/// in.
 struct Pipe
 {
     /// Does not block.

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void everyByteArrives();
     void closedStandardStreamsHereDoNotMatter();
     void aSignalEndsAProgramWithItsNumber();
+    void theTimeLimitCountsFromTheEndOfTheInput();
     void anOverdueProgramIsAskedBeforeItIsKilled();
     void whatAProgramLeavesBehindGoesWithIt();
     void aClosedInputIsAnErrorAndNoSignal();
@@ -136,6 +137,16 @@ void ProcessRunnerTest::aSignalEndsAProgramWithItsNumber()
     QCOMPARE(run(shell(u"kill -HUP $$"_s))->exitStatus, 128 + SIGHUP);
 }
 
+void ProcessRunnerTest::theTimeLimitCountsFromTheEndOfTheInput()
+{
+    ProcessRequest request = shell(u"sleep 1.8; cat >/dev/null; sleep 1.8"_s);
+    request.input = QByteArray(1'000'000, ' ');
+    request.timeLimit = 3s;
+    const auto outcome = run(request);
+    QVERIFY(outcome);
+    QCOMPARE(outcome->exitStatus, 0);
+}
+
 void ProcessRunnerTest::anOverdueProgramIsAskedBeforeItIsKilled()
 {
     ProcessRequest request = shell(u"trap 'echo asked; exit 3' TERM; echo up; while :; do sleep 0.1; done"_s);
@@ -181,12 +192,13 @@ void ProcessRunnerTest::runningOutOfDescriptorsLeavesNothingBehind()
     ::getrlimit(RLIMIT_NOFILE, &former);
     int failures = 0;
     std::optional<Result<ProcessOutcome>> outcome;
-    // Six for the pipes, one for the process.
+    // Six for the pipes, one for the process: the input is too long for its pipe to be closed by then.
+    const ProcessRequest request{.program = u"/bin/true"_s, .input = QByteArray(100'000, ' ')};
     for (int spare = 0; spare < 7; ++spare) {
         const FileDescriptor lowest(::dup(STDIN_FILENO));
         const rlimit scarce{static_cast<rlim_t>(lowest.value() + 1 + spare), former.rlim_max};
         ::setrlimit(RLIMIT_NOFILE, &scarce);
-        outcome = run({.program = u"/bin/true"_s});
+        outcome = run(request);
         ::setrlimit(RLIMIT_NOFILE, &former);
         failures += !*outcome && outcome->error() == std::errc::too_many_files_open ? 1 : 0;
     }
