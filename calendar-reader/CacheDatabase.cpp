@@ -12,15 +12,7 @@ namespace {
 QByteArray uri(const QByteArray &path, CacheJournal journal)
 {
     const QByteArray file = "file:" + path.toPercentEncoding("/") + "?mode=ro";
-    switch (journal) {
-    case CacheJournal::rollback:
-        return file;
-    case CacheJournal::logEmpty:
-        return file + "&immutable=1";
-    case CacheJournal::logFilled:
-        return file + "&nolock=1";
-    }
-    return file;
+    return journal == CacheJournal::logEmpty ? file + "&immutable=1" : file;
 }
 
 int isOver(void *deadline)
@@ -33,20 +25,20 @@ int isOver(void *deadline)
 Result<CacheDatabase> CacheDatabase::open(const QByteArray &path, CacheJournal journal, Deadline deadline)
 {
     sqlite3 *handle = nullptr;
-    const int code = sqlite3_open_v2(uri(path, journal).constData(), &handle,
-                                     SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX |
-                                         SQLITE_OPEN_PRIVATECACHE,
-                                     readOnlyFiles());
+    const int code = sqlite3_open_v2(
+        uri(path, journal).constData(), &handle,
+        SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE,
+        readOnlyFiles(journal == CacheJournal::logFilled ? FileLocks::none : FileLocks::kept));
     CacheDatabase database(handle);
     if (code != SQLITE_OK)
         return Failure(databaseError(handle, code));
     database.m_deadline = std::make_unique<Deadline>(deadline);
-    database.distrust();
-    // With locks out of the question the index of the log is kept in memory, not in a file for all.
+    // Before anything looks into the database: the index of the log is kept in memory, not in a file for all.
     if (journal == CacheJournal::logFilled) {
         if (const Result<void> alone = database.run("PRAGMA locking_mode = EXCLUSIVE"); !alone)
             return Failure(alone.error());
     }
+    database.distrust();
     if (const Result<void> begun = database.run("BEGIN"); !begun)
         return Failure(begun.error());
     return database;

@@ -8,14 +8,14 @@
 namespace quorvane {
 namespace {
 
-int openReadOnly(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *outFlags)
+int openReadOnly(sqlite3_vfs *files, const char *name, sqlite3_file *file, int flags, int *outFlags)
 {
     constexpr int writing =
         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXCLUSIVE | SQLITE_OPEN_DELETEONCLOSE;
     file->pMethods = nullptr;
     if (!name) // a temporary file
         return SQLITE_CANTOPEN;
-    sqlite3_vfs *system = sqlite3_vfs_find(nullptr);
+    auto *system = static_cast<sqlite3_vfs *>(files->pAppData);
     return system->xOpen(system, name, file, (flags & ~writing) | SQLITE_OPEN_READONLY, outFlags);
 }
 
@@ -24,22 +24,26 @@ int refuseDelete(sqlite3_vfs *, const char *, int)
     return SQLITE_READONLY;
 }
 
-sqlite3_vfs *makeReadOnly()
+/// The other functions of the system's files do not look at what `pAppData` points to.
+sqlite3_vfs readOnly(const char *name, const char *system)
 {
-    static sqlite3_vfs files = *sqlite3_vfs_find(nullptr);
-    files.zName = "quorvane-read-only";
+    sqlite3_vfs files = *sqlite3_vfs_find(system);
+    files.zName = name;
+    files.pAppData = sqlite3_vfs_find(system);
     files.xOpen = openReadOnly;
     files.xDelete = refuseDelete;
-    sqlite3_vfs_register(&files, 0);
-    return &files;
+    return files;
 }
 
 } // namespace
 
-const char *readOnlyFiles()
+const char *readOnlyFiles(FileLocks locks)
 {
-    static const sqlite3_vfs *const files = makeReadOnly();
-    return files->zName;
+    static sqlite3_vfs locking = readOnly("quorvane-locking", "unix");
+    static sqlite3_vfs unlocked = readOnly("quorvane-unlocked", "unix-none");
+    sqlite3_vfs &files = locks == FileLocks::kept ? locking : unlocked;
+    sqlite3_vfs_register(&files, 0);
+    return files.zName;
 }
 
 } // namespace quorvane
