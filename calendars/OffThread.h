@@ -9,7 +9,6 @@
 #include <QThread>
 #include <QTimer>
 
-#include <atomic>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -18,38 +17,31 @@
 
 namespace quorvane {
 
-/// Runs `job` on a thread of its own and resumes on the caller's with the result; absent when it took longer
-/// than `limit`, as on a file system that hangs. The thread is left to itself then: what the job uses it must
-/// hold or share.
+/// Runs `job` on a thread of its own and resumes on the caller's with the result, never before the caller is
+/// back in its event loop; absent when it took longer than `limit`, as on a file system that hangs. The
+/// thread is left to itself then: what the job uses it must hold or share.
 template<class T>
 QCoro::Task<std::optional<T>> offThread(std::function<T()> job, std::chrono::milliseconds limit)
 {
-    struct Answer
-    {
-        QPromise<void> promise;
-        std::atomic_flag isSettled;
-        std::optional<T> value;
-
-        void settle(std::optional<T> result)
-        {
-            if (isSettled.test_and_set())
-                return;
-            value = std::move(result);
-            promise.finish();
-        }
-    };
-    const auto answer = std::make_shared<Answer>();
-    answer->promise.start();
-    const QFuture<void> settled = answer->promise.future();
+    const auto value = std::make_shared<std::optional<T>>();
+    QThread *thread = QThread::create([value, job = std::move(job)] { *value = job(); });
+    QPromise<void> waiting;
+    waiting.start();
+    const QFuture<void> waited = waiting.future();
     QTimer bound;
-    bound.setSingleShot(true);
-    QObject::connect(&bound, &QTimer::timeout, &bound, [answer] { answer->settle(std::nullopt); });
-    bound.start(limit);
-    QThread *thread = QThread::create([answer, job = std::move(job)] { answer->settle(job()); });
+    bool isDone = false;
+    QObject::connect(thread, &QThread::finished, &bound, [&waiting, &isDone] {
+        isDone = true;
+        waiting.finish();
+    });
+    QObject::connect(&bound, &QTimer::timeout, &bound, [&waiting] { waiting.finish(); });
     QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+    bound.setSingleShot(true);
+    bound.start(limit);
     thread->start(QThread::LowPriority);
-    co_await settled;
-    co_return std::move(answer->value);
+    co_await waited;
+    // Until the thread is done the value is its own.
+    co_return isDone ? std::move(*value) : std::nullopt;
 }
 
 } // namespace quorvane
