@@ -30,6 +30,7 @@ Result<ChildProcess> ChildProcess::start(const ProcessRequest &request, const Sp
     for (const QString &argument : request.arguments)
         arguments.push_back(QFile::encodeName(argument));
     std::vector<QByteArray> environment;
+    environment.reserve(request.environment.size());
     for (const auto &[name, value] : request.environment)
         environment.push_back(name + '=' + value);
 

@@ -13,6 +13,7 @@ namespace {
 std::vector<char *> pointers(std::vector<QByteArray> &texts)
 {
     std::vector<char *> result;
+    result.reserve(texts.size() + 1);
     for (QByteArray &text : texts)
         result.push_back(text.data());
     result.push_back(nullptr);

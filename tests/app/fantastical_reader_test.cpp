@@ -90,7 +90,7 @@ QByteArray FantasticalReaderTest::content(const QString &name) const
 FantasticalReader::Configuration FantasticalReaderTest::configuration(const QString &script) const
 {
     static int number = 0;
-    const QString program = write(u"reader-%1"_s.arg(++number), "#!/bin/sh\n" + script.toUtf8() + '\n');
+    QString program = write(u"reader-%1"_s.arg(++number), "#!/bin/sh\n" + script.toUtf8() + '\n');
     return {.program = [program] { return program; },
             .home = m_home.path(),
             .folder = [this] { return m_folder; },
