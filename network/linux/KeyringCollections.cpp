@@ -76,14 +76,7 @@ QCoro::Task<Result<QDBusObjectPath>> KeyringCollections::create() const
     const Result<QVariantList> answer = co_await m_calls.answer(order, u"oo"_s);
     if (!answer)
         co_return Failure(answer.error());
-    const auto made = answer->at(0).value<QDBusObjectPath>();
-    if (KeyringCalls::isObject(made))
-        co_return QDBusObjectPath(made);
-    KeyringPrompt question(m_calls.bus(), answer->at(1).value<QDBusObjectPath>());
-    const Result<QVariant> outcome = co_await question.ask(m_answerTime);
-    if (!outcome)
-        co_return Failure(outcome.error());
-    co_return outcome->value<QDBusObjectPath>();
+    co_return co_await KeyringPrompt::madeObject(m_calls.bus(), *answer, m_answerTime);
 }
 
 } // namespace quorvane

@@ -3,11 +3,11 @@
 
 #include "network/linux/KeyringItems.h"
 
+#include "network/linux/KeyringPrompt.h"
 #include "network/linux/KeyringSecret.h"
 
 #include <QDBusVariant>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -25,8 +25,8 @@ KeyringAttributes attributesOf(const QString &account)
 
 QVariant secretOf(const KeyringSession &session, const QByteArray &value)
 {
-    const KeyringSecret secret{
-        .session = session.path(), .value = value, .contentType = u"text/plain; charset=utf8"_s};
+    // Without a character set, with which libsecret takes it for no text.
+    const KeyringSecret secret{.session = session.path(), .value = value, .contentType = u"text/plain"_s};
     return QVariant::fromValue(secret);
 }
 
@@ -80,7 +80,8 @@ QCoro::Task<Result<void>> KeyringItems::replace(QDBusObjectPath item, QByteArray
     co_return Result<void>();
 }
 
-QCoro::Task<Result<void>> KeyringItems::add(QDBusObjectPath collection, QByteArray value) const
+QCoro::Task<Result<void>> KeyringItems::add(QDBusObjectPath collection, QByteArray value,
+                                            std::chrono::milliseconds answerTime) const
 {
     const Result<KeyringSession> session = co_await KeyringSession::open(m_calls);
     if (!session)
@@ -91,8 +92,11 @@ QCoro::Task<Result<void>> KeyringItems::add(QDBusObjectPath collection, QByteArr
     const Result<QVariantList> answer = co_await m_calls.answer(order, u"oo"_s);
     if (!answer)
         co_return Failure(answer.error());
-    if (!KeyringCalls::isObject(answer->at(0).value<QDBusObjectPath>()))
-        co_return Failure(std::make_error_code(std::errc::permission_denied));
+    // Some services ask the person about each new item.
+    const Result<QDBusObjectPath> item =
+        co_await KeyringPrompt::madeObject(m_calls.bus(), *answer, answerTime);
+    if (!item)
+        co_return Failure(item.error());
     co_return Result<void>();
 }
 
@@ -107,21 +111,20 @@ QCoro::Task<> KeyringItems::remove(QList<QDBusObjectPath> items) const
 
 QCoro::Task<QList<QDBusObjectPath>> KeyringItems::lastChangedFirst(QList<QDBusObjectPath> items) const
 {
-    if (items.size() < 2)
-        co_return items;
-    QList<std::pair<quint64, QDBusObjectPath>> byTime;
-    for (const QDBusObjectPath &item : std::as_const(items)) {
-        const Result<quint64> time = co_await changeTime(item);
+    qsizetype last = 0;
+    quint64 lastTime = 0;
+    for (qsizetype i = 0; items.size() > 1 && i < items.size(); ++i) {
+        const Result<quint64> time = co_await changeTime(items.at(i));
         if (!time)
             co_return items;
-        byTime.append({*time, item});
+        if (*time > lastTime) {
+            last = i;
+            lastTime = *time;
+        }
     }
-    std::stable_sort(byTime.begin(), byTime.end(),
-                     [](const auto &one, const auto &other) { return one.first > other.first; });
-    QList<QDBusObjectPath> ordered;
-    for (const auto &[time, item] : std::as_const(byTime))
-        ordered.append(item);
-    co_return ordered;
+    if (!items.isEmpty())
+        items.move(last, 0);
+    co_return items;
 }
 
 QCoro::Task<Result<quint64>> KeyringItems::changeTime(QDBusObjectPath item) const

@@ -9,6 +9,8 @@
 #include <QByteArray>
 #include <QList>
 
+#include <chrono>
+
 namespace quorvane {
 
 /// The items of one account in all keyrings of the person. Fails as `KeyringCalls::answer` does.
@@ -27,7 +29,9 @@ public:
     [[nodiscard]] QCoro::Task<Result<Found>> find() const;
     [[nodiscard]] QCoro::Task<Result<QByteArray>> value(QDBusObjectPath item) const;
     [[nodiscard]] QCoro::Task<Result<void>> replace(QDBusObjectPath item, QByteArray value) const;
-    [[nodiscard]] QCoro::Task<Result<void>> add(QDBusObjectPath collection, QByteArray value) const;
+    /// A question of the service to the person may stay for `answerTime`.
+    [[nodiscard]] QCoro::Task<Result<void>> add(QDBusObjectPath collection, QByteArray value,
+                                                std::chrono::milliseconds answerTime) const;
     /// Does not ask the person: where the service would, the items stay.
     [[nodiscard]] QCoro::Task<> remove(QList<QDBusObjectPath> items) const;
 

@@ -23,6 +23,22 @@ Result<QVariant> failure(std::errc reason)
 
 } // namespace
 
+QCoro::Task<Result<QDBusObjectPath>> KeyringPrompt::madeObject(QDBusConnection bus, QVariantList answer,
+                                                               std::chrono::milliseconds answerTime)
+{
+    auto object = answer.at(0).value<QDBusObjectPath>();
+    if (!KeyringCalls::isObject(object)) {
+        KeyringPrompt question(bus, answer.at(1).value<QDBusObjectPath>());
+        const Result<QVariant> outcome = co_await question.ask(answerTime);
+        if (!outcome)
+            co_return Failure(outcome.error());
+        object = outcome->value<QDBusObjectPath>();
+    }
+    if (!KeyringCalls::isObject(object))
+        co_return Failure(std::make_error_code(std::errc::bad_message));
+    co_return std::move(object);
+}
+
 KeyringPrompt::KeyringPrompt(QDBusConnection bus, QDBusObjectPath prompt)
     : m_bus(std::move(bus))
     , m_prompt(std::move(prompt))

@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QPromise>
 #include <QVariant>
+#include <QVariantList>
 
 #include <chrono>
 
@@ -29,6 +30,10 @@ class KeyringPrompt final : public QObject
     Q_OBJECT
 
 public:
+    /// The object that a call has made, as told by its answer: by name, or as what comes of a question.
+    [[nodiscard]] static QCoro::Task<Result<QDBusObjectPath>>
+    madeObject(QDBusConnection bus, QVariantList answer, std::chrono::milliseconds answerTime);
+
     KeyringPrompt(QDBusConnection bus, QDBusObjectPath prompt);
 
     /// Shows the question and resumes with what came of it. Fails with `std::errc::operation_canceled` when

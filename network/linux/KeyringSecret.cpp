@@ -24,9 +24,10 @@ QDBusArgument &operator<<(QDBusArgument &argument, const KeyringSecret &secret)
 const QDBusArgument &operator>>(const QDBusArgument &argument, KeyringSecret &secret)
 {
     argument.beginStructure();
-    argument >> secret.session >> secret.parameters >> secret.value >> secret.contentType;
-    argument.endStructure();
-    return argument;
+    const QDBusArgument &rest =
+        argument >> secret.session >> secret.parameters >> secret.value >> secret.contentType;
+    rest.endStructure();
+    return rest;
 }
 
 } // namespace quorvane

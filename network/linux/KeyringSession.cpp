@@ -28,7 +28,7 @@ KeyringSession::KeyringSession(QDBusConnection bus, QDBusObjectPath path)
 }
 
 KeyringSession::KeyringSession(KeyringSession &&other) noexcept
-    : m_bus(other.m_bus)
+    : m_bus(std::move(other.m_bus))
     , m_path(std::exchange(other.m_path, {}))
 {
 }

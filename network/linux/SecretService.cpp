@@ -64,7 +64,8 @@ QCoro::Task<Result<void>> SecretService::write(QString account, QByteArray value
 {
     const KeyringCalls calls(m_bus);
     const KeyringItems items(calls, account);
-    const KeyringCollections collections(calls, m_answerTime);
+    const std::chrono::milliseconds answerTime = m_answerTime;
+    const KeyringCollections collections(calls, answerTime);
     const Result<QList<QDBusObjectPath>> existing = co_await writableItems(items, collections);
     if (!existing)
         co_return Failure(existing.error());
@@ -72,7 +73,7 @@ QCoro::Task<Result<void>> SecretService::write(QString account, QByteArray value
         const Result<QDBusObjectPath> collection = co_await collections.forNewItems();
         if (!collection)
             co_return Failure(collection.error());
-        co_return co_await items.add(*collection, value);
+        co_return co_await items.add(*collection, value, answerTime);
     }
     Result<void> written = co_await items.replace(existing->first(), value);
     if (written)

@@ -16,8 +16,8 @@ namespace quorvane {
 /// one goes to the default keyring, which is made when there is none. Holds nothing between the calls, so the
 /// service may come, go and restart as it likes. There is no other place that values could go to.
 ///
-/// Values cross the bus in the clear. Whoever can read there can ask the keyring just as well; but Qt's own
-/// logging category `qt.dbus` (off by default) may write them out.
+/// Values cross the bus in the clear: whoever can read there can ask the keyring just as well. Nothing here
+/// writes them out; but where the environment has QDBUS_DEBUG, Qt does so with every value that it receives.
 class SecretService final : public SecretStore
 {
 public:

@@ -19,8 +19,6 @@ namespace {
 constexpr auto busConfiguration = R"(<busconfig><type>session</type><listen>unix:path=%1</listen>
 <policy context="default"><allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/></policy></busconfig>)";
 
-const QString password = u"the user's password"_s;
-
 } // namespace
 
 Keyring::Keyring()
@@ -37,8 +35,6 @@ Keyring::Keyring()
     if (!QTest::qWaitFor([&] { return QFile::exists(socket); }, 10'000))
         qFatal("the bus does not start");
     const QString address = u"unix:path="_s + socket;
-    m_environment.remove(u"DISPLAY"_s);
-    m_environment.remove(u"WAYLAND_DISPLAY"_s);
     m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address);
     for (const QString &name :
          {u"HOME"_s, u"XDG_DATA_HOME"_s, u"XDG_CONFIG_HOME"_s, u"XDG_CACHE_HOME"_s, u"XDG_RUNTIME_DIR"_s}) {
@@ -52,6 +48,8 @@ Keyring::Keyring()
 Keyring::~Keyring()
 {
     kill();
+    m_prompter.kill();
+    m_prompter.waitForFinished();
     QDBusConnection::disconnectFromBus(m_busName);
     stopBus();
 }
@@ -64,12 +62,19 @@ void Keyring::stopBus()
 
 void Keyring::startUnlocked()
 {
-    start({u"--unlock"_s}, password.toUtf8());
+    start({u"--unlock"_s}, password);
 }
 
 void Keyring::startLocked()
 {
     start({u"--start"_s}, {});
+}
+
+void Keyring::startPrompter()
+{
+    m_prompter.setProcessEnvironment(m_environment);
+    m_prompter.start(u"/usr/libexec/gcr-prompter"_s, {});
+    waitFor(u"org.gnome.keyring.SystemPrompter"_s);
 }
 
 void Keyring::sendSignal(int number) const
@@ -112,9 +117,12 @@ void Keyring::start(const QStringList &arguments, const QByteArray &input)
                     QStringList{u"--foreground"_s, u"--components=secrets"_s} + arguments);
     m_service.write(input);
     m_service.closeWriteChannel();
-    const auto isThere = [this] {
-        return bus().interface()->isServiceRegistered(u"org.freedesktop.secrets"_s).value();
-    };
+    waitFor(u"org.freedesktop.secrets"_s);
+}
+
+void Keyring::waitFor(const QString &name) const
+{
+    const auto isThere = [this, &name] { return bus().interface()->isServiceRegistered(name).value(); };
     if (!QTest::qWaitFor(isThere, 10'000))
-        qFatal("the keyring service does not start");
+        qFatal("%s does not start", qPrintable(name));
 }

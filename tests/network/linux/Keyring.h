@@ -12,6 +12,9 @@
 class Keyring final
 {
 public:
+    /// Of the keyring that `startUnlocked` makes.
+    static constexpr auto password = "password";
+
     /// The service is not started yet.
     Keyring();
     ~Keyring();
@@ -23,6 +26,8 @@ public:
     /// Starts the service with its keyring unlocked, and made when there is none.
     void startUnlocked();
     void startLocked();
+    /// The desktop's program that asks for passwords, on the display.
+    void startPrompter();
     void sendSignal(int number) const;
     /// The service ends at once.
     void kill();
@@ -35,10 +40,12 @@ public:
 
 private:
     void start(const QStringList &arguments, const QByteArray &input);
+    void waitFor(const QString &name) const;
 
     QTemporaryDir m_folder;
     QProcessEnvironment m_environment;
     QProcess m_busDaemon;
     QProcess m_service;
+    QProcess m_prompter;
     QString m_busName;
 };

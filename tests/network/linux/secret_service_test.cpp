@@ -36,8 +36,7 @@ private Q_SLOTS:
     void aTextComesBackAsItWasStored_data();
     void aTextComesBackAsItWasStored();
     void whatIsNoTextIsAbsent();
-    void otherToolsReadWhatWasStored();
-    void whatOtherToolsStoredIsReadAndReplaced();
+    void otherToolsShareTheItem();
     void ofSeveralValuesTheLatestCountsAndAWriteLeavesOne();
     void aLockedKeyringIsAFailureAndNoAbsence();
     void aServiceThatComesLateOrRestartsIsUsed();
@@ -102,28 +101,19 @@ void SecretServiceTest::whatIsNoTextIsAbsent()
     QVERIFY(!set(secrets, QString(Secrets::longest + 1, u'x')));
 }
 
-void SecretServiceTest::otherToolsReadWhatWasStored()
-{
-    Keyring keyring;
-    keyring.startUnlocked();
-    SecretService service(keyring.bus());
-    QVERIFY(set(Secrets(service), u"schlüssel"_s));
-    QCOMPARE(keyring.tool(about({u"lookup"_s})), QByteArray("schlüssel"));
-    QVERIFY(keyring.tool(about({u"search"_s})).contains("label = Quorvane: pushover-user\n"));
-}
-
-void SecretServiceTest::whatOtherToolsStoredIsReadAndReplaced()
+void SecretServiceTest::otherToolsShareTheItem()
 {
     Keyring keyring;
     keyring.startUnlocked();
     SecretService service(keyring.bus());
     const Secrets secrets(service);
+    QVERIFY(set(secrets, u"schlüssel"_s));
+    QCOMPARE(keyring.tool(about({u"lookup"_s})), QByteArray("schlüssel"));
+    QVERIFY(keyring.tool(about({u"search"_s})).contains("label = Quorvane: pushover-user\n"));
     keyring.tool(about({u"store"_s, u"--label=mine"_s}), "theirs");
     QCOMPARE(get(secrets), u"theirs"_s);
     QVERIFY(set(secrets, u"ours"_s));
     QVERIFY(keyring.tool(about({u"search"_s})).contains("label = mine\nsecret = ours\n"));
-    keyring.tool(about({u"store"_s, u"--label=mine"_s}), "theirs again");
-    QCOMPARE(get(secrets), u"theirs again"_s);
     QCOMPARE(keyring.count(account), 1);
 }
 
@@ -221,7 +211,7 @@ void SecretServiceTest::aStoppedServiceFailsInTimeAndHoldsUpNothing()
     QCOMPARE(readError(service), std::make_error_code(std::errc::timed_out));
     QVERIFY(!set(secrets, u"other"_s));
     QVERIFY2(timer.elapsed() < 12'000, qPrintable(QString::number(timer.elapsed())));
-    QVERIFY2(longestPause < 1'000, qPrintable(QString::number(longestPause)));
+    QVERIFY2(longestPause < 2'000, qPrintable(QString::number(longestPause)));
     keyring.sendSignal(SIGCONT);
     QTRY_VERIFY(get(secrets).has_value());
 }
