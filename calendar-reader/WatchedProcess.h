@@ -16,7 +16,7 @@ class WatchedProcess final
 {
 public:
     /// Processor time that one row may take.
-    static constexpr std::chrono::milliseconds rowLimit{1'500};
+    static constexpr std::chrono::milliseconds rowLimit{1'000};
 
     /// `work` is called in a process of its own and returns that process's exit status (0 to 127); the gate
     /// is shared with this one.

@@ -1,0 +1,112 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Quorvane authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Caches made to hurt: the reader ends in time, within its memory, and says no more than it knows."""
+import json
+import os
+import random
+import resource
+import subprocess
+import unittest
+
+from harness import READER, SCHEMA, ReaderTest, calendar, event, stamp
+
+WORDS = {b"database_unavailable\n", b"unsupported_format\n"}
+SANITIZED = b"__asan_init" in subprocess.run(["nm", "-D", READER], capture_output=True, check=False).stdout
+LONG_ZONE = ("BEGIN:VTIMEZONE\r\nTZID:Slow\r\n"
+             + ("BEGIN:DAYLIGHT\r\nDTSTART:00010101T000000\r\nTZOFFSETFROM:+0100\r\nTZOFFSETTO:+0200\r\n"
+                "RRULE:FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30\r\nEND:DAYLIGHT\r\n") * 30 + "END:VTIMEZONE")
+
+
+class Hostile(ReaderTest):
+    def test_damaged_files_end_in_time_and_tell_nothing_wrong(self):
+        self.make(*(event(f"{i}", f"SUMMARY:{i}", "DESCRIPTION:" + "y" * (i * 40)) for i in range(150)))
+        whole = self.path.read_bytes()
+        chance = random.Random(7)
+        succeeded = 0
+        for number in range(300):
+            damaged = bytearray(whole)
+            for _ in range(chance.choice((1, 3, 30))):
+                place = chance.randrange(len(damaged)) if chance.random() < 0.7 else chance.randrange(4096)
+                damaged[place] = chance.randrange(256)
+            if number % 10 == 0:
+                page = chance.randrange(len(damaged) // 4096) * 4096
+                damaged[page:page + 4096] = chance.randbytes(4096)
+            self.path.write_bytes(damaged)
+            outcome = self.read()
+            self.assertLess(outcome.seconds, 10)
+            if outcome.status == 0:
+                succeeded += 1
+                self.assertLessEqual(len(outcome.snapshot["events"]), 150)
+            else:
+                self.assertIn((outcome.status, outcome.out, outcome.error), {(1, b"", word) for word in WORDS})
+        self.assertGreater(succeeded, 10)
+        most = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
+        self.assertLess(most, 1_000 if SANITIZED else 200)
+
+    def test_what_libraries_spin_over_costs_only_itself(self):
+        slow = {
+            "a rule without days": event("a", "RRULE:FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30"),
+            "a rule for ever": event("a", f"DTSTART:{stamp(-900)}", "DURATION:PT1H", "RRULE:FREQ=SECONDLY"),
+            "many series": calendar(*(line for i in range(400) for line in (
+                "BEGIN:VEVENT", f"UID:{i}", "DTSTART;TZID=Europe/Paris:20180101T000000", "DURATION:PT1H",
+                "RRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30", "END:VEVENT"))),
+            "a zone": calendar(*[LONG_ZONE.replace("Slow", f"Slow{i}") for i in range(50)],
+                               *(line for i in range(50) for line in (
+                                   "BEGIN:VEVENT", f"UID:{i}", f"DTSTART;TZID=Slow{i}:{stamp(3600)[:-1]}",
+                                   "DURATION:PT1H", "END:VEVENT"))),
+        }
+        for name, content in slow.items():
+            with self.subTest(name):
+                self.path.unlink(missing_ok=True)
+                self.make(event("first", "SUMMARY:first"), content, event("last", "SUMMARY:last", start=7200))
+                outcome = self.snapshot()
+                self.assertLess(outcome.seconds, 12)
+                titles = outcome.titles()
+                self.assertEqual((titles[0], titles[-1]), ("first", "last"))
+                self.assertEqual(outcome.snapshot["skipped"], 1)
+
+    def test_of_many_slow_rows_the_first_meetings_remain(self):
+        slow = calendar(*(line for i in range(2_000) for line in (
+            "BEGIN:VEVENT", f"UID:{i}", "DTSTART;TZID=Europe/Paris:20180101T000000", "RRULE:FREQ=HOURLY", "END:VEVENT")))
+        self.make(event("first", "SUMMARY:first"), *[slow] * 20, event("last", "SUMMARY:last"))
+        outcome = self.snapshot()
+        self.assertLess(outcome.seconds, 14)
+        self.assertEqual(outcome.titles(), ["first"])
+        self.assertEqual(outcome.snapshot["skipped"], 21)
+
+    def test_a_large_cache_is_read_in_time(self):
+        filler = event("x", "DTSTART:20010101T000000Z", "DURATION:PT1H", "DESCRIPTION:" + "z" * 20_000)
+        with self.cache(event("soon", "SUMMARY:soon")) as database:
+            database.executemany("INSERT INTO event VALUES ('work', ?, 978307200, 978310800, ?)",
+                                 ((f"{i}", filler) for i in range(10_000)))
+            database.execute("INSERT INTO event VALUES ('work', 'huge', NULL, NULL, printf('%.*c', 50000000, 'x'))")
+        self.assertGreater(os.path.getsize(self.path), 200_000_000)
+        outcome = self.snapshot()
+        self.assertEqual((outcome.titles(), outcome.snapshot["skipped"]), (["soon"], 1))
+        self.assertLess(outcome.seconds, 8)
+
+    def test_tables_made_to_run_code_run_none(self):
+        rows = {
+            "a check": SCHEMA.replace("content TEXT NOT NULL", "content TEXT NOT NULL CHECK (length(content) > 0)"),
+            "an index of an expression": SCHEMA + "CREATE INDEX more ON event (abs(first_start))",
+            "a trigger": SCHEMA + "CREATE TRIGGER more AFTER INSERT ON calendar BEGIN SELECT 1; END",
+            "more tables": SCHEMA + "CREATE TABLE more (a); CREATE VIEW most AS SELECT * FROM event",
+        }
+        for name, schema in rows.items():
+            with self.subTest(name):
+                self.path.unlink(missing_ok=True)
+                with self.cache(event("a", "SUMMARY:a"), schema=schema):
+                    pass
+                self.assertEqual(self.snapshot().titles(), ["a"])
+
+    def test_garbage_on_standard_input_ends_at_once(self):
+        self.make(event("a"))
+        for text in (b"[" * 500_000, b'["' + b"\\u0000" * 100_000, json.dumps([[]] * 10).encode(), os.urandom(5_000)):
+            self.assert_fails(self.read(stdin=text), "invalid_input", 2)
+        many = json.dumps([f"{i}" for i in range(80_000)]).encode()
+        self.assertEqual(self.read(stdin=many).titles(), ["Meeting"])
+
+
+if __name__ == "__main__":
+    unittest.main()
