@@ -206,8 +206,9 @@ void PortalFolderChooserTest::whereThePortalIsNoHelpTheNextChooserIsAsked_data()
     QTest::addColumn<bool>("isOfHelp");
     const QString here = QDir::tempPath();
     const QString nowhere = u"/no such folder"_s;
-    const auto row = [](const char *name, bool isOfHelp, const QString &start, std::function<void()> change) {
-        QTest::newRow(name) << std::move(change) << start << isOfHelp;
+    const auto row = [](const char *name, bool isOfHelp, const QString &start,
+                        const std::function<void()> &change) {
+        QTest::newRow(name) << change << start << isOfHelp;
     };
     row("current", true, here, [] {});
     row("none on the bus", false, here, [] { QDBusConnection(services).unregisterService(serviceName); });
