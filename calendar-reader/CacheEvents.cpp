@@ -12,7 +12,7 @@ namespace quorvane {
 namespace {
 
 /// The bounds of a row are taken with two days to spare: floating times and dates have no zone of their own.
-constexpr sqlite3_int64 margin = 2 * 86'400;
+constexpr sqlite3_int64 margin = 172'800;
 
 bool isIdentified(const CalendarEvent &event)
 {

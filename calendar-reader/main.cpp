@@ -22,6 +22,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace quorvane {
 namespace {
@@ -131,7 +132,7 @@ int main(int argc, char **argv)
     std::signal(SIGXFSZ, SIG_IGN);
     const ReaderOutcome outcome = run(argc, argv);
     if (outcome != ReaderOutcome::done)
-        std::fprintf(stderr, "%s\n", wordOf(outcome).data());
+        std::fprintf(stderr, "%s\n", std::string(wordOf(outcome)).c_str());
     std::fflush(nullptr);
     std::_Exit(statusOf(outcome));
 }

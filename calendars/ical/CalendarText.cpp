@@ -87,12 +87,12 @@ bool isUsed(std::string_view name)
 std::optional<int> dayOf(std::string_view value)
 {
     int day = 0;
-    const auto [end, error] =
-        std::from_chars(value.data(), value.data() + std::min<std::size_t>(8, value.size()), day);
+    const std::string_view digits = value.substr(0, 8);
+    const auto [end, error] = std::from_chars(digits.begin(), digits.end(), day);
     const std::chrono::year_month_day date(std::chrono::year(day / 10000),
                                            std::chrono::month(static_cast<unsigned>(day / 100 % 100)),
                                            std::chrono::day(static_cast<unsigned>(day % 100)));
-    if (error != std::errc() || end != value.data() + 8 || !date.ok())
+    if (error != std::errc() || end - digits.begin() != 8 || !date.ok())
         return std::nullopt;
     return day;
 }

@@ -15,7 +15,7 @@
 namespace quorvane {
 namespace {
 
-constexpr time_t day = 24 * 60 * 60;
+constexpr time_t day = 86'400;
 
 time_t unixDay(int yearMonthDay)
 {

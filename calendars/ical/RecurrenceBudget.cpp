@@ -82,14 +82,15 @@ double searchSteps(const icalrecurrencetype &rule)
     return has(rule.by_set_pos) && rule.freq == ICAL_MONTHLY_RECURRENCE ? search * parts(rule.by_day) : 0;
 }
 
-/// The end of each occurrence is found by counting through the months of its length.
-double costOfLength(icalcomponent *event, time_t start)
+/// The end of each occurrence is found by counting through the months of its length. As Unix time a far year
+/// overflows, so years are compared as they are.
+double costOfLength(icalcomponent *event, const icaltimetype &start)
 {
     const icaldurationtype duration = icalcomponent_get_duration(event); // as an int it may overflow
-    double length = (duration.weeks * 7.0 + duration.days) * day + duration.hours * 3'600.0;
+    double days = duration.weeks * 7.0 + duration.days + duration.hours / 24.0;
     if (const icaltimetype end = icalcomponent_get_dtend(event); !icaltime_is_null_time(end))
-        length = std::max(length, difftime(icaltime_as_timet(end), start));
-    return 1 + std::abs(length) / (100 * day);
+        days = std::max(days, std::abs(double(end.year) - start.year) * 366);
+    return 1 + std::abs(days) / 100;
 }
 
 /// A rule with COUNT cannot be ended early, and where it names dates there may be none for it. The steps of
@@ -123,7 +124,10 @@ bool covers(icalcomponent *event, time_t to)
     if (rules.size() > mostRules || !isAtMost(event, ICAL_RDATE_PROPERTY, mostExtraDates) ||
         !isAtMost(event, ICAL_EXDATE_PROPERTY, mostExceptions))
         return false;
-    const time_t start = icaltime_as_timet(icalcomponent_get_dtstart(event));
+    const icaltimetype first = icalcomponent_get_dtstart(event);
+    if (!rules.empty() && icaltime_is_null_time(first)) // libical would walk from the year 0 on
+        return false;
+    const time_t start = icaltime_as_timet(first);
     const double days = std::max(0.0, difftime(to, start) / day) + 1;
     double sum = icalcomponent_count_properties(event, ICAL_RDATE_PROPERTY) + 1;
     for (icalproperty *property : rules) {
@@ -132,7 +136,7 @@ bool covers(icalcomponent *event, time_t to)
             return false;
         sum += steps(rule, days);
     }
-    return sum * costOfLength(event, start) <= mostSteps;
+    return sum * costOfLength(event, first) <= mostSteps;
 }
 
 bool coversZone(icalcomponent *zone)
