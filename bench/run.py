@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Quorvane authors
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Runs the benchmarks and prints their figures: ./dev bench [--quick] [functions|delay|idle|showing ...]"""
+"""Runs the benchmarks and prints their figures: ./dev bench [--quick] [functions|reading|delay|idle|showing ...]"""
 import argparse
 import os
 import sys
@@ -13,11 +13,12 @@ sys.path[:0] = [HERE, os.path.join(HERE, "../tools")]
 import delay  # noqa: E402
 import functions  # noqa: E402
 import idle  # noqa: E402
+import reading  # noqa: E402
 import showing  # noqa: E402
 from desktop import DesktopError  # noqa: E402
 from table import print_table  # noqa: E402
 
-ALL = {"functions": functions, "delay": delay, "idle": idle, "showing": showing}
+ALL = {"functions": functions, "reading": reading, "delay": delay, "idle": idle, "showing": showing}
 
 
 def main():

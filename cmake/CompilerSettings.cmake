@@ -8,6 +8,8 @@ target_compile_options(quorvane_settings INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
   # Designated initialisers leave out what keeps its default.
   -Wno-missing-field-initializers
+  # clang tells of what libstdc++ 12 uses inside std::ranges::stable_sort.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>
   -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)
 target_compile_definitions(quorvane_settings INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING

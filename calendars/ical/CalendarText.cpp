@@ -28,6 +28,13 @@ bool equals(std::string_view text, std::string_view upperCase)
                       [](char a, char b) { return upper(a) == b; });
 }
 
+std::string upperCased(std::string_view text)
+{
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(), upper);
+    return result;
+}
+
 bool startsWith(std::string_view text, std::string_view upperCase)
 {
     return equals(text.substr(0, upperCase.size()), upperCase);
@@ -130,7 +137,7 @@ private:
             header(line);
         else if (m_inside == Inside::timeZone)
             append(line);
-        else if (m_depth == 1)
+        else if (m_open.size() == 1)
             eventLine(line);
     }
 
@@ -143,10 +150,10 @@ private:
                    (m_inside == Inside::calendar && equals(component, "VTIMEZONE"))) {
             abandon();
             m_inside = equals(component, "VEVENT") ? Inside::event : Inside::timeZone;
-            m_depth = 1;
+            m_open.push_back(upperCased(component));
             append(line);
         } else if (m_inside != Inside::calendar) {
-            ++m_depth;
+            m_open.push_back(upperCased(component));
             if (m_inside == Inside::timeZone)
                 append(line);
         }
@@ -160,9 +167,12 @@ private:
         }
         if (m_inside == Inside::calendar)
             return;
-        if (m_inside == Inside::timeZone || m_depth == 1)
+        if (m_inside == Inside::timeZone || m_open.size() == 1)
             append(line);
-        if (--m_depth == 0)
+        // libical loses memory over the end of something that was not begun.
+        m_isBroken = m_isBroken || !equals(component, m_open.back());
+        m_open.pop_back();
+        if (m_open.empty())
             finish();
     }
 
@@ -234,7 +244,7 @@ private:
     void reset()
     {
         m_inside = Inside::calendar;
-        m_depth = 0;
+        m_open.clear();
         m_event = {};
         m_keepsProperty = false;
         m_hasDuration = false;
@@ -244,7 +254,8 @@ private:
 
     CalendarText m_result;
     Inside m_inside = Inside::calendar;
-    int m_depth = 0;
+    /// Names of the components that have begun and not ended.
+    std::vector<std::string> m_open;
     CalendarText::Event m_event;
     bool m_keepsProperty = false;
     bool m_hasDuration = false;

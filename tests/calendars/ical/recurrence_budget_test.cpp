@@ -87,6 +87,8 @@ void RecurrenceBudgetTest::aSeriesBeyondMeasureCostsOnlyItself_data()
         << QByteArray("DTSTART:16010101T000000Z\nRRULE:RSCALE=CHINESE;FREQ=DAILY;BYMONTH=5L;BYMONTHDAY=30");
     QTest::newRow("too long") << QByteArray(
         "DTSTART:00010101T000000Z\nDURATION:P999999999D\nRRULE:FREQ=WEEKLY");
+    QTest::newRow("an end in another age") << QByteArray(
+        "DTSTART:20260105T093000Z\nDTEND:42012500T094500Z\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,FR");
     QTest::newRow("many rules") << now + QByteArray("RRULE:FREQ=YEARLY\n").repeated(5).trimmed();
     QTest::newRow("many dates") << now + QByteArray("RDATE:20261124T000000Z\n").repeated(2'000).trimmed();
     QTest::newRow("no start") << QByteArray("RRULE:FREQ=DAILY");

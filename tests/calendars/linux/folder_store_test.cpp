@@ -173,6 +173,8 @@ void FolderStoreTest::aBrokenPieceCostsOnlyItself_data()
     QTest::newRow("an empty calendar") << QByteArray("BEGIN:VCALENDAR\r\nEND:VCALENDAR\r\n") << true;
     QTest::newRow("an event that does not end")
         << before("BEGIN:VEVENT\r\nUID:x\r\nBEGIN:VALARM\r\n") << true;
+    QTest::newRow("an event that ends as something else")
+        << before("BEGIN:VEVENT\r\nUID:x\r\nEND:V:VEVENT\r\n") << true;
     QTest::newRow("a line too long") << before("BEGIN:VEVENT\r\nDESCRIPTION:" + QByteArray(3'000'000, 'x') +
                                                "\r\nEND:VEVENT\r\n")
                                      << true;
