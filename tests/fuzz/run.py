@@ -4,7 +4,7 @@
 """Runs the fuzzers in build/fuzz side by side for some seconds: ./dev fuzz [SECONDS [NAME...]]
 
 Inputs that were found to matter are kept in build/fuzz/corpus; an input that breaks something is left there too and
-named. `build/fuzz/fuzz/NAME FILE` runs one again.
+named: `build/fuzz/fuzz/NAME_fuzz FILE` runs it again, and tests/fuzz/seeds/NAME keeps it once it is mended.
 """
 import glob
 import os
@@ -15,6 +15,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 BUILD = ROOT / "build/fuzz"
 SAMPLES = ROOT / "docs/samples"
+SEEDS = ROOT / "tests/fuzz/seeds"
 NAMES = ("cache", "contents", "input")
 SNAPSHOT = (b'{"events":[{"id":"a","title":"t","start":1,"end":2,"calendar":"n","joinURL":null,"source":"mac",'
             b'"cancelled":false,"allDay":false}],"calendars":[{"id":"c","name":"n","account":"m"}],"skipped":1,'
@@ -22,7 +23,9 @@ SNAPSHOT = (b'{"events":[{"id":"a","title":"t","start":1,"end":2,"calendar":"n",
 
 
 def seed(name, corpus):
-    """First inputs: what the program meets when all is well."""
+    """First inputs: what the program meets when all is well, and what has broken it before."""
+    for kept in SEEDS.glob(f"{name}/*"):
+        (corpus / kept.name).write_bytes(kept.read_bytes())
     samples = sorted(SAMPLES.glob("**/*.ics"))
     if name == "cache":
         for sample in [*samples, SAMPLES]:
