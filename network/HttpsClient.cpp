@@ -9,6 +9,8 @@
 #include "network/TransportError.h"
 
 #include <QCoroFuture>
+#include <QDeadlineTimer>
+#include <QHostAddress>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +21,11 @@ namespace {
 
 /// The part of the time limit that looking for a proxy may take.
 constexpr int proxyShare = 5;
+
+bool isThisMachine(const QUrl &url)
+{
+    return url.host() == "localhost"_L1 || QHostAddress(url.host()).isLoopback();
+}
 
 } // namespace
 
@@ -34,13 +41,12 @@ QCoro::Task<Result<QByteArray>> HttpsClient::send(HttpsRequest request)
         co_return Failure(make_error_code(NetworkError::configuration));
     const QPointer<HttpsClient> self(this);
     QNetworkProxy proxy(QNetworkProxy::NoProxy);
-    std::chrono::milliseconds timeLeft = m_timeLimit;
-    if (!ServerTrust::isPinned(request.url)) {
-        timeLeft -= m_timeLimit / proxyShare;
+    const QDeadlineTimer end(m_timeLimit, Qt::PreciseTimer);
+    if (!isThisMachine(request.url))
         proxy = co_await systemProxy(request.url, m_timeLimit / proxyShare);
-    }
     if (!self)
         co_return Failure(transportError(QNetworkReply::OperationCanceledError));
+    const std::chrono::milliseconds timeLeft(end.remainingTime());
     const auto *exchange = new HttpsExchange(request, m_trust, proxy, timeLeft, this);
     const QFuture<Result<QByteArray>> answer = exchange->answer();
     const Result<QByteArray> result = co_await answer;

@@ -53,7 +53,7 @@ public:
     /// The server's schedule, the phone's acknowledgments and its health.
     [[nodiscard]] QCoro::Task<Result<ServerState>> state();
     /// Uploads this machine's schedule.
-    [[nodiscard]] QCoro::Task<Result<OKResponse>> snapshot(std::vector<Meeting> meetings);
+    [[nodiscard]] QCoro::Task<Result<OKResponse>> snapshot(const std::vector<Meeting> &meetings);
     /// Removes what `snapshot` has uploaded.
     [[nodiscard]] QCoro::Task<Result<OKResponse>> removeSnapshot();
     /// Reports that the meeting `id` was acknowledged here.

@@ -79,7 +79,7 @@ QCoro::Task<Result<ServerState>> Network::state()
     return server<ServerState>(u"state"_s, std::nullopt);
 }
 
-QCoro::Task<Result<OKResponse>> Network::snapshot(std::vector<Meeting> meetings)
+QCoro::Task<Result<OKResponse>> Network::snapshot(const std::vector<Meeting> &meetings)
 {
     QJsonArray events;
     for (const Meeting &meeting : meetings)

@@ -5,10 +5,8 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -24,12 +22,11 @@ QString script(const QString &name)
 }
 
 /// The folder with the certificates, made once for each test program.
-const QString &certificates()
+QString certificates()
 {
     static const QTemporaryDir folder;
     static const int made = QProcess::execute(python, {script(u"certificates.py"_s), folder.path()});
-    static const QString path = made == 0 ? folder.path() : QString();
-    return path;
+    return made == 0 ? folder.path() : QString();
 }
 
 } // namespace
@@ -38,7 +35,7 @@ HttpsPeer::HttpsPeer(const QString &certificate)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(python, {script(u"https_peer.py"_s), certificates(), certificate});
-    m_port = nextLine().value("port"_L1).toInt();
+    m_port = nextLine()["port"_L1].toInt();
 }
 
 HttpsPeer::~HttpsPeer()
@@ -52,35 +49,10 @@ QUrl HttpsPeer::url(const QString &host) const
     return QUrl(u"https://%1:%2"_s.arg(host).arg(m_port));
 }
 
-void HttpsPeer::tell(const QJsonObject &behaviour)
+QJsonObject HttpsPeer::tell(const QJsonObject &order)
 {
-    QJsonObject line = behaviour;
-    if (!line.contains("path"_L1))
-        line.insert("path"_L1, u"*"_s);
-    exchange(line);
-}
-
-QList<HttpsPeer::Request> HttpsPeer::requests()
-{
-    QList<Request> requests;
-    const QJsonArray logged = exchange({}).value("requests"_L1).toArray();
-    for (const QJsonValue request : logged) {
-        requests.append({.method = request["method"_L1].toString(),
-                         .path = request["path"_L1].toString(),
-                         .headers = request["headers"_L1].toObject(),
-                         .body = request["body"_L1].toString().toLatin1()});
-    }
-    return requests;
-}
-
-int HttpsPeer::connections()
-{
-    return exchange({}).value("connections"_L1).toInt();
-}
-
-QByteArray HttpsPeer::received()
-{
-    return exchange({}).value("received"_L1).toString().toLatin1();
+    m_process.write(QJsonDocument(order).toJson(QJsonDocument::Compact) + '\n');
+    return nextLine();
 }
 
 QByteArray HttpsPeer::der(const QString &certificate)
@@ -89,24 +61,11 @@ QByteArray HttpsPeer::der(const QString &certificate)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QList<QSslCertificate> HttpsPeer::authority()
-{
-    return {QSslCertificate(der(u"ca"_s), QSsl::Der)};
-}
-
-QJsonObject HttpsPeer::exchange(const QJsonObject &line)
-{
-    m_process.write(QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n');
-    return nextLine();
-}
-
 QJsonObject HttpsPeer::nextLine()
 {
     while (!m_process.canReadLine()) {
-        if (!m_process.waitForReadyRead(10'000)) {
-            QTest::qFail("The HTTPS peer does not answer", __FILE__, __LINE__);
-            return {};
-        }
+        if (!m_process.waitForReadyRead(10'000))
+            qFatal("The HTTPS peer does not answer");
     }
     return QJsonDocument::fromJson(m_process.readLine()).object();
 }

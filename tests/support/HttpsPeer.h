@@ -5,26 +5,17 @@
 
 #include <QByteArray>
 #include <QJsonObject>
-#include <QList>
 #include <QProcess>
 #include <QSslCertificate>
+#include <QStringList>
 #include <QUrl>
 
 namespace quorvane {
 
-/// An HTTPS server in a process of its own (https_peer.py, which lists the behaviours) on a port of its own.
+/// An HTTPS server in a process of its own: https_peer.py, which lists what it can be told and what it logs.
 class HttpsPeer final
 {
 public:
-    struct Request
-    {
-        QString method;
-        /// With the query.
-        QString path;
-        QJsonObject headers;
-        QByteArray body;
-    };
-
     /// Serves with one of the certificates that certificates.py makes.
     explicit HttpsPeer(const QString &certificate);
     ~HttpsPeer();
@@ -32,22 +23,19 @@ public:
 
     [[nodiscard]] QUrl url(const QString &host = QStringLiteral("127.0.0.1")) const;
 
-    /// How requests are answered from now on: all, or those for `behaviour["path"]`.
-    void tell(const QJsonObject &behaviour);
+    /// Gives an order (nothing: none) and returns the log.
+    QJsonObject tell(const QJsonObject &order = {});
 
-    [[nodiscard]] QList<Request> requests();
-    /// The number of connections made to it.
-    [[nodiscard]] int connections();
-    /// Every byte that came over encrypted connections.
-    [[nodiscard]] QByteArray received();
+    [[nodiscard]] int connections() { return tell()[QLatin1StringView("connections")].toInt(); }
+    [[nodiscard]] QStringList requests()
+    {
+        return tell()[QLatin1StringView("requests")].toVariant().toStringList();
+    }
 
     /// A certificate in DER encoding.
     [[nodiscard]] static QByteArray der(const QString &certificate);
-    /// The authority that has signed "trusted".
-    [[nodiscard]] static QList<QSslCertificate> authority();
 
 private:
-    QJsonObject exchange(const QJsonObject &line);
     QJsonObject nextLine();
 
     QProcess m_process;

@@ -11,32 +11,27 @@
 
 namespace quorvane {
 
-/// A keyring in memory that answers at once, or when the test says.
+/// A keyring in memory that answers at once, or when the test finishes `hold`.
 class MemorySecrets final : public SecretStore
 {
 public:
     [[nodiscard]] QCoro::Task<Result<std::optional<QByteArray>>> read(QString account) override
     {
-        if (hangs) {
-            const QFuture<void> released = release.future();
-            co_await released;
-        }
-        const auto value = values.constFind(account);
-        const std::optional<QByteArray> found =
-            value == values.cend() ? std::nullopt : std::optional(value.value());
-        co_return found;
+        const QFuture<void> held = hold.future();
+        if (held.isRunning())
+            co_await held;
+        co_return values.contains(account) ? std::optional(values[account]) : std::nullopt;
     }
 
     [[nodiscard]] QCoro::Task<Result<void>> write(QString account, QByteArray value) override
     {
-        values.insert(account, value);
+        values[account] = value;
         co_return Result<void>();
     }
 
     QMap<QString, QByteArray> values;
-    bool hangs = false;
-    /// Finished to let the reads go on.
-    QPromise<void> release;
+    /// Started to let the reads wait.
+    QPromise<void> hold;
 };
 
 } // namespace quorvane

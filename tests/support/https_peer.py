@@ -3,11 +3,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """An HTTPS server that answers as a test says and keeps every byte it gets.
 
-https_peer.py FOLDER NAME serves on a free port of 127.0.0.1 with NAME.crt and NAME.key of FOLDER and prints one JSON
-line {"port": N}. For each JSON line on its standard input it prints one more:
-  {"path": P, ...}  how requests for the path P are answered from now on, "*" for all others; prints {}
-  {}                prints {"connections": N, "received": all bytes, "requests": [method, path, headers, body]}
-The keys of a behaviour are those of `Behaviour`. Test scripts import HttpsPeer instead.
+https_peer.py FOLDER NAME serves on a free port of 127.0.0.1 with NAME.crt and NAME.key of FOLDER and prints its log,
+HttpsPeer.log, as a JSON line: at once, and again for each JSON object that it reads, whose keys are HttpsPeer.tell's
+arguments ({} tells nothing). Test scripts import HttpsPeer instead.
 """
 import json
 import socket
@@ -15,7 +13,7 @@ import ssl
 import sys
 import threading
 import time
-from dataclasses import asdict, dataclass, field
+from dataclasses import dataclass, field
 
 
 @dataclass
@@ -23,60 +21,49 @@ class Behaviour:
     status: int = 200
     headers: dict = field(default_factory=dict)
     body: str = ""
-    # A body of so many letters instead.
-    size: int = 0
-    # Whether the answer says how long it is.
-    length: bool = True
-    # "silent" (no handshake) and "refuse" (no connection), for "*" only; "hang", "drop", "drop midway", "garbage",
-    # "drip" (ten bytes a second).
+    size: int = 0  # of a body of letters instead
+    length: bool = True  # whether the answer says how long it is
+    # "hang", "drop", "drop midway", "garbage", "drip" (ten bytes a second); for "*" only: "silent" (no handshake),
+    # "refuse" (no connection, for good).
     fault: str = ""
-    # For "*" only: asks for a client's certificate, without insisting.
-    client_certificate: bool = False
-
-
-@dataclass
-class Request:
-    method: str
-    path: str
-    headers: dict
-    body: str
+    asks_certificate: bool = False  # the client's, for "*" only; goes on without
 
 
 class HttpsPeer:
     def __init__(self, folder, name):
         self.behaviours = {"*": Behaviour()}
-        self.connections = 0
-        self.received = b""
-        self.requests = []
         self.context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
         self.context.load_cert_chain(f"{folder}/{name}.crt", f"{folder}/{name}.key")
         self.context.load_verify_locations(f"{folder}/{name}.crt")
         self.listener = socket.create_server(("127.0.0.1", 0))
-        self.port = self.listener.getsockname()[1]
         self.silenced = []
+        # "received" is every byte that came encrypted, as Latin-1; "requests" are the same in one line each: method,
+        # path, content type, authorization, body.
+        self.log = {"port": self.listener.getsockname()[1], "connections": 0, "received": "", "requests": []}
         threading.Thread(target=self.accept, daemon=True).start()
 
     def tell(self, path="*", **behaviour):
+        """How requests for `path` are answered from now on; "*" stands for all others."""
         self.behaviours[path] = Behaviour(**behaviour)
         if behaviour.get("fault") == "refuse":
             self.listener.shutdown(socket.SHUT_RDWR)
             self.listener.close()
 
     def accept(self):
-        while True:
+        while self.listener.fileno() >= 0:
             try:
                 plain, _ = self.listener.accept()
             except OSError:
                 return
-            self.connections += 1
+            self.log["connections"] += 1
             threading.Thread(target=self.serve, args=(plain,), daemon=True).start()
 
     def serve(self, plain):
-        if self.behaviours["*"].fault == "silent":
+        general = self.behaviours["*"]
+        if general.fault == "silent":
             self.silenced.append(plain)
             return
-        asks = self.behaviours["*"].client_certificate
-        self.context.verify_mode = ssl.CERT_OPTIONAL if asks else ssl.CERT_NONE
+        self.context.verify_mode = ssl.CERT_OPTIONAL if general.asks_certificate else ssl.CERT_NONE
         try:
             with self.context.wrap_socket(plain, server_side=True) as tls:
                 while self.answer(tls, self.request(tls)):
@@ -85,22 +72,23 @@ class HttpsPeer:
             pass  # the client has gone, or never wanted to talk to this certificate
 
     def request(self, tls):
-        data = self.read(tls, b"", lambda data: b"\r\n\r\n" in data)
-        head, _, body = data.partition(b"\r\n\r\n")
-        first, *lines = head.decode("latin-1").split("\r\n")
+        head, body = self.read(tls, lambda data: "\r\n\r\n" in data).split("\r\n\r\n", 1)
+        first, *lines = head.split("\r\n")
         headers = dict(line.split(": ", 1) for line in lines)
-        length = int(headers.get("Content-Length", 0))
-        body = self.read(tls, body, lambda data: len(data) >= length)
+        missing = int(headers.get("Content-Length", 0)) - len(body)
+        body += self.read(tls, lambda data: len(data) >= missing)
         method, path, _ = first.split(" ")
-        self.requests.append(Request(method, path, headers, body.decode("latin-1")))
+        words = method, path, headers.get("Content-Type"), headers.get("Authorization"), body
+        self.log["requests"].append(" ".join(filter(None, words)))
         return path.partition("?")[0]
 
-    def read(self, tls, data, is_complete):
+    def read(self, tls, is_complete):
+        data = ""
         while not is_complete(data):
-            more = tls.recv(65536)
+            more = tls.recv(65536).decode("latin-1")
             if not more:
                 raise OSError("closed")
-            self.received += more
+            self.log["received"] += more
             data += more
         return data
 
@@ -110,33 +98,31 @@ class HttpsPeer:
         body = b"x" * how.size or how.body.encode()
         if how.fault == "hang":
             tls.recv(1)
-        if how.fault in ("hang", "drop"):
-            return False
         if how.fault == "garbage":
             tls.sendall(b"\0\1\2 no HTTP at all\r\n\r\n")
+        if how.fault in ("hang", "drop", "garbage"):
             return False
         headers = how.headers | ({"Content-Length": len(body)} if how.length else {})
-        lines = [f"HTTP/1.1 {how.status} Told", *(f"{name}: {value}" for name, value in headers.items())]
-        tls.sendall("".join(f"{line}\r\n" for line in [*lines, ""]).encode())
-        if how.fault == "drop midway":
-            tls.sendall(body[: len(body) // 2])
+        lines = [f"HTTP/1.1 {how.status} Told", *(f"{name}: {value}" for name, value in headers.items()), "\r\n"]
+        tls.sendall("\r\n".join(lines).encode())
+        if how.fault == "drip":
+            for byte in body:
+                tls.sendall(bytes([byte]))
+                time.sleep(0.1)
             return False
-        for begin in range(0, len(body), 1 if how.fault == "drip" else len(body) or 1):
-            tls.sendall(body[begin : begin + 1] if how.fault == "drip" else body)
-            time.sleep(0.1 if how.fault == "drip" else 0)
-        return how.length
+        is_cut = how.fault == "drop midway"
+        tls.sendall(body[: len(body) // 2] if is_cut else body)
+        return how.length and not is_cut
 
 
 def main():
     peer = HttpsPeer(sys.argv[1], sys.argv[2])
-    print(json.dumps({"port": peer.port}), flush=True)
+    print(json.dumps(peer.log), flush=True)
     for line in sys.stdin:
-        if line.strip() == "{}":
-            log = {"connections": peer.connections, "received": peer.received.decode("latin-1")}
-            print(json.dumps(log | {"requests": [asdict(request) for request in peer.requests]}), flush=True)
-        else:
-            peer.tell(**json.loads(line))
-            print("{}", flush=True)
+        told = json.loads(line)
+        if told:
+            peer.tell(**told)
+        print(json.dumps(peer.log), flush=True)
 
 
 if __name__ == "__main__":
