@@ -16,11 +16,6 @@ namespace quorvane {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-/// The folder may lie on a disk that has to start up first, or on a network that is gone.
-constexpr auto folderAnswerTime = 5s;
-
 QCoro::Task<bool> holdsCache(QString folder)
 {
     const QString file = QDir(folder).filePath(FantasticalCache::fileName);
@@ -69,7 +64,9 @@ QCoro::Task<bool> FantasticalAccess::askAndStore()
         co_return false;
     const QString folder = **answer;
     const bool isRight = co_await holdsCache(folder);
-    co_return isRight &&self &&m_store(folder).has_value();
+    if (!isRight || !self)
+        co_return false;
+    co_return m_store(folder).has_value();
 }
 
 } // namespace quorvane

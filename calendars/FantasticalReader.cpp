@@ -17,7 +17,6 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace quorvane {
 
@@ -96,14 +95,16 @@ FantasticalReader::FantasticalReader(Configuration configuration)
 
 QCoro::Task<Reading> FantasticalReader::read(QStringList excluded) const
 {
+    if (*m_overdue > 0)
+        co_return Failure(make_error_code(FantasticalReadError::helperFailed));
     Job job{m_configuration.program(), m_configuration.home,   m_configuration.folder(),
             std::move(excluded),       m_configuration.runner, m_configuration.timeLimit};
     const QFileInfo program(job.program);
     if (!program.isFile() || !program.isExecutable())
         co_return Failure(make_error_code(FantasticalReadError::helperMissing));
-    const std::chrono::milliseconds bound = 2 * job.timeLimit + 5s;
+    const std::chrono::milliseconds bound = 2 * job.timeLimit + m_configuration.grace;
     std::function<Reading()> work = [job = std::move(job)] { return perform(job); };
-    std::optional<Reading> reading = co_await offThread<Reading>(std::move(work), bound);
+    std::optional<Reading> reading = co_await offThread<Reading>(std::move(work), bound, m_overdue);
     if (!reading) // a file system that hangs
         co_return Failure(make_error_code(FantasticalReadError::helperFailed));
     co_return *std::move(reading);

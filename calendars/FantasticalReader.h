@@ -35,6 +35,8 @@ public:
         std::shared_ptr<const ProcessRunner> runner;
         /// How long the reader may take once it has its input.
         std::chrono::milliseconds timeLimit = ProcessRequest{}.timeLimit;
+        /// What is added to twice that before a reading is given up, as on a file system that hangs.
+        std::chrono::milliseconds grace{5'000};
     };
 
     explicit FantasticalReader(Configuration configuration);
@@ -42,11 +44,14 @@ public:
     /// Runs the reader once; it leaves out the calendars whose identifiers are in `excluded`. Calls may
     /// overlap and may be abandoned, and this object may go meanwhile. Fails with `FantasticalReadError`, or
     /// with the system's error when the reader cannot be started or does not take its input; in the worst
-    /// case after twice the time limit and five seconds.
+    /// case after twice the time limit and the grace. While a reading that took longer has not ended, every
+    /// call fails at once with `helperFailed`: what hangs is not to pile up.
     [[nodiscard]] QCoro::Task<Result<FantasticalSnapshot>> read(QStringList excluded) const;
 
 private:
     Configuration m_configuration;
+    /// How many readings were given up and have not ended.
+    std::shared_ptr<int> m_overdue = std::make_shared<int>(0);
 };
 
 } // namespace quorvane

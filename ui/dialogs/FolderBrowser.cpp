@@ -12,14 +12,6 @@
 
 namespace quorvane {
 
-namespace {
-
-using namespace std::chrono_literals;
-
-constexpr auto folderAnswerTime = 5s;
-
-} // namespace
-
 struct FolderBrowser::Listing
 {
     /// Empty when there is no such folder.
