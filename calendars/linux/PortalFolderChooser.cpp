@@ -3,6 +3,7 @@
 
 #include "calendars/linux/PortalFolderChooser.h"
 
+#include "calendars/OffThread.h"
 #include "calendars/linux/PortalRequest.h"
 
 #include <QCoroDBus>
@@ -27,6 +28,13 @@ constexpr uint startsInFolder = 4;
 
 /// A portal that is not running yet is started by this, and looks for its own parts first.
 constexpr int versionTimeout = 10'000;
+
+QCoro::Task<bool> isThere(QString path)
+{
+    const std::function<bool()> look = [path] { return QFileInfo::exists(path); };
+    const std::optional<bool> answer = co_await offThread(look, folderAnswerTime);
+    co_return answer.value_or(false);
+}
 
 /// 0 when there is no portal that lets people choose files.
 QCoro::Task<uint> portalVersion(QDBusConnection bus)
@@ -74,9 +82,10 @@ PortalFolderChooser::PortalFolderChooser(QDBusConnection bus)
 
 QCoro::Task<Result<std::optional<QString>>> PortalFolderChooser::choose(FolderRequest request)
 {
-    // An older portal starts where it likes. That is good enough where there is no place to start.
-    const uint wanted = QFileInfo::exists(request.startFolder) ? startsInFolder : choosesFolders;
     const QDBusConnection bus = m_bus;
+    // An older portal starts where it likes. That is good enough where there is no place to start.
+    const bool hasStart = co_await isThere(request.startFolder);
+    const uint wanted = hasStart ? startsInFolder : choosesFolders;
     const uint version = co_await portalVersion(bus);
     if (version < wanted)
         co_return notSupported();
