@@ -52,6 +52,8 @@ QCoro::Task<Result<std::optional<QString>>> QuickFolderChooser::choose(FolderReq
         co_return notSupported();
     const QVariantMap properties{{u"browser"_s, QVariant::fromValue(&browser)}};
     const std::unique_ptr<QObject> window(component.createWithInitialProperties(properties));
+    if (!window)
+        co_return notSupported();
     const QFuture<FolderBrowser::Choice> choice = browser.choice();
     co_return co_await choice;
 }
