@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +19,16 @@ QString calendarReader(const QString &programFolder)
             return QDir::cleanPath(path);
     }
     return {};
+}
+
+QStringList dataFolders(const QString &programFolder)
+{
+    QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    for (QString &folder : folders)
+        folder += u"/Quorvane"_s;
+    // The first of them is the user's own.
+    folders.insert(1, QDir::cleanPath(programFolder + u'/' + QStringLiteral(QUORVANE_DATA)));
+    return folders;
 }
 
 } // namespace quorvane::ProgramResources

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// What is shipped with the program, found from where the program itself is, so that a whole tree can move.
 namespace quorvane::ProgramResources {
@@ -12,5 +13,10 @@ namespace quorvane::ProgramResources {
 /// build tree or an unpacked archive, or below the libexec folder of the tree it is installed in. Empty when
 /// neither is there.
 [[nodiscard]] QString calendarReader(const QString &programFolder);
+
+/// Folders in which data files of the program are looked for, the first that has one counts: the user's own
+/// (XDG Base Directory Specification 0.8), that of the tree which the executable in `programFolder` is part
+/// of, then the system's.
+[[nodiscard]] QStringList dataFolders(const QString &programFolder);
 
 } // namespace quorvane::ProgramResources

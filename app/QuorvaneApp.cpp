@@ -19,6 +19,8 @@
 #include "model/linux/SystemClock.h"
 #include "model/linux/SystemWakeSource.h"
 #include "model/linux/TimerSlackActivities.h"
+#include "network/PinnedCertificate.h"
+#include "network/linux/SecretService.h"
 #include "process/linux/PosixProcessRunner.h"
 #include "ui/dialogs/QuickFolderChooser.h"
 
@@ -59,6 +61,21 @@ FantasticalReader::Configuration readerConfiguration(const Preferences &preferen
     };
 }
 
+QByteArray pinnedCertificate()
+{
+    return PinnedCertificate::find(ProgramResources::dataFolders(QCoreApplication::applicationDirPath()));
+}
+
+NetworkSetup networkSetup(Secrets &secrets, const Preferences &preferences, const Clock &clock)
+{
+    return {
+        .secrets = secrets,
+        .serverAddress = [&preferences] { return preferences.serverURL(); },
+        .now = [&clock] { return clock.now(); },
+        .trust = ServerTrust(pinnedCertificate),
+    };
+}
+
 AppModel::Mode modeOf(const QStringList &arguments)
 {
     return arguments.contains(u"--preview"_s) ? AppModel::Mode::preview : AppModel::Mode::live;
@@ -85,6 +102,9 @@ struct QuorvaneApp::Parts
     FantasticalAccess fantasticalAccess{QDir::homePath(), folderChooser, [this](const QString &folder) {
                                             return preferences.setFantasticalFolder(folder);
                                         }};
+    SecretService keyring;
+    Secrets secrets{keyring};
+    Network network{networkSetup(secrets, preferences, clock)};
     std::unique_ptr<PanelPlacement> placement = choosePlacement();
     CanberraChime chime;
     DesktopDisplayWaker waker;
@@ -101,6 +121,8 @@ QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment
         .calendarReader = m_parts->calendarReader,
         .fantasticalReader = m_parts->fantasticalReader,
         .fantasticalAccess = m_parts->fantasticalAccess,
+        .secrets = m_parts->secrets,
+        .network = m_parts->network,
         .overlay = m_parts->overlay,
         .preferences = m_parts->preferences,
         .clock = m_parts->clock,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "alert/linux/DesktopPlatform.h"
+#include "app/MemoryPrivacy.h"
 #include "app/QuitSignals.h"
 #include "app/QuorvaneApp.h"
 #include "app/QuorvaneCLI.h"
@@ -44,18 +45,20 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     quorvane::QuorvaneApp quorvane(arguments, environment);
     if (::isatty(STDOUT_FILENO) != 0)
         quorvane.reportTo(stdout);
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    // Not by leaving: a calendar service or a name server that hangs may still hold a thread, which no
+    // orderly end could wait for.
+    std::fflush(nullptr);
+    std::_Exit(status);
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
+    quorvane::keepMemoryPrivate();
     const QStringList arguments = argumentsAfterName(argc, argv);
     if (const auto status = quorvane::QuorvaneCLI::run(arguments))
         return *status;
-    const int status = runApplication(argc, argv, arguments);
-    // A calendar service that hangs may still hold a worker thread, which no orderly end could wait for.
-    std::fflush(nullptr);
-    std::_Exit(status);
+    return runApplication(argc, argv, arguments);
 }

@@ -45,6 +45,9 @@ void AppModel::loadPersisted()
     m_selectionOverrides = m_services.preferences.meetingChoices();
     const QStringList pending = m_services.preferences.pendingAcks();
     m_pendingAcks = QSet<QString>(pending.begin(), pending.end());
+    m_serverAddressStored = !m_services.preferences.serverURL().isEmpty();
+    if (!m_serverAddressStored)
+        m_cloudStatus = u"Local only. Phone delivery stops while this Mac sleeps."_s;
     m_calendarAccess = m_services.calendarReader.authorizationStatus() == AuthorizationStatus::fullAccess;
 }
 

@@ -39,6 +39,8 @@ public:
     static constexpr double screenLead = 60;
     /// How long a pause lasts, in seconds.
     static constexpr double pauseLength = 300;
+    /// Failures in a row of the user's server after which this machine tells the phone itself.
+    static constexpr int failuresUntilBackup = 3;
     /// A refresh is due when the last one began longer ago than this, in seconds.
     static constexpr double refreshInterval = 30;
 
@@ -72,6 +74,13 @@ public:
     [[nodiscard]] bool fantasticalConnected() const { return m_fantastical.isConnected(); }
     /// One line on phone delivery.
     [[nodiscard]] const QString &cloudStatus() const { return m_cloudStatus; }
+    /// The user's own server has an address and a token.
+    [[nodiscard]] bool serverConfigured() const { return m_serverConfigured; }
+    /// The user's own server holds what is scheduled here.
+    [[nodiscard]] bool scheduleSynced() const { return m_scheduleSynced; }
+    /// The meetings of which this machine itself tells the phone: all that are scheduled, or none while the
+    /// user's server is in charge.
+    [[nodiscard]] const std::vector<Meeting> &localMeetings() const;
     /// A passing message for the user.
     [[nodiscard]] const std::optional<QString> &notice() const { return m_notice; }
     /// A calendar store has answered.
@@ -81,7 +90,8 @@ public:
     [[nodiscard]] const std::optional<QDateTime> &lastSuccessfulRead() const { return m_lastSuccessfulRead; }
     /// When the last refresh ended.
     [[nodiscard]] const std::optional<QDateTime> &lastRefresh() const { return m_lastRefresh; }
-    /// Number of events that the last reading of all sources found.
+    /// Number of events that the last reading of all sources found; a store of the system that failed counts
+    /// with what it said before.
     [[nodiscard]] qsizetype freshCalendarEventCount() const { return m_freshCalendarEventCount; }
     /// Screen alerts stay away until this moment.
     [[nodiscard]] const std::optional<QDateTime> &pausedUntil() const { return m_pausedUntil; }
@@ -135,6 +145,35 @@ private:
     void describeSources();
     void requestRefresh();
 
+    [[nodiscard]] Freshness ownFreshness() const;
+    [[nodiscard]] bool isSecondSourceExpected() const;
+
+    // AppModelServer.cpp: the user's own server.
+    QCoro::Task<> exchangeWithServer();
+    QCoro::Task<std::optional<bool>> readServerConfigured();
+    QCoro::Task<bool> uploadSchedule();
+    QCoro::Task<> resendAcknowledgments();
+    QCoro::Task<> tellServer(QString id);
+    void workAlone();
+    void countServerFailure();
+    void takeServerState(const ServerState &state);
+    void judgeServer(const ServerState &state);
+    void settleAcknowledgment(const QString &id);
+    void keepPendingAcks();
+    [[nodiscard]] bool isServerInCharge() const;
+
+    // AppModelPhone.cpp: the phone, from this machine.
+    void phoneStep();
+    void receiptStep();
+    QCoro::Task<> sendPhone(Meeting meeting);
+    QCoro::Task<> silencePhone(QString id);
+    QCoro::Task<> pollReceipts();
+    QCoro::Task<bool> hasPhoneToken();
+    void takeReceipt(const QString &id, const Result<std::optional<QString>> &receipt);
+    void mendPhoneTimes();
+    [[nodiscard]] bool isWanted(const QString &id) const;
+    [[nodiscard]] QHash<QString, QString> openReceipts() const;
+
     // AppModelAlerts.cpp: firing and the user's answer.
     void alertStep();
     void fire(const Meeting &meeting);
@@ -144,6 +183,7 @@ private:
     void setPausedUntil(const std::optional<QDateTime> &until);
     void setNotice(const std::optional<QString> &notice);
     void setRecord(const QString &id, const AlertRecord &record);
+    void markAcknowledged(const QString &id);
     [[nodiscard]] const Meeting *firstDue(double at) const;
     [[nodiscard]] bool showsRealAlert() const;
 
@@ -176,7 +216,25 @@ private:
     bool m_isSaved = true;
     /// Unix time at which the last refresh began.
     double m_refreshMark = 0;
+    bool m_serverAddressStored = false;
+    bool m_serverConfigured = false;
+    bool m_scheduleSynced = false;
+    /// Counts the changes of what is scheduled; `m_syncedRevision` is the one that the server took.
+    int m_scheduleRevision = 0;
+    int m_syncedRevision = -1;
+    /// Failed exchanges in a row.
+    int m_serverFailures = 0;
+    /// Acknowledgments that the server has not confirmed.
     QSet<QString> m_pendingAcks;
+    /// Whether the settings hold `m_pendingAcks`.
+    bool m_arePendingAcksKept = true;
+    /// Meetings with a message on its way, and the Unix time before which a failed one is not repeated.
+    QSet<QString> m_busyPush;
+    QHash<QString, double> m_retryAfter;
+    /// Unix time of the last round of questions about receipts, and the receipts that cannot change any more.
+    double m_receiptAt = 0;
+    QSet<QString> m_spentReceipts;
+    bool m_isPolling = false;
     std::unique_ptr<ActivityToken> m_activity;
     QTimer m_changeDelay;
     QString m_preparedID;

@@ -35,7 +35,10 @@ void AppModel::tick()
     // alert.
     if (std::abs(now() - m_refreshMark) > refreshInterval && !m_isRefreshing)
         launch(refresh());
+    expirePause();
+    phoneStep();
     alertStep();
+    receiptStep();
 }
 
 void AppModel::alertStep()
@@ -111,12 +114,22 @@ void AppModel::snooze(const Meeting &meeting)
 
 QCoro::Task<> AppModel::acknowledge(QString id)
 {
+    markAcknowledged(id);
+    if (m_mode == Mode::preview)
+        co_return;
+    // Both at once: neither waits for the other to fail.
+    QCoro::Task<> told = tellServer(id);
+    co_await silencePhone(id);
+    co_await told;
+}
+
+void AppModel::markAcknowledged(const QString &id)
+{
     AlertRecord record = m_records.value(id);
     record.acknowledged = true;
     setRecord(id, record);
     if (m_services.overlay.eventID() == id)
         m_services.overlay.close();
-    co_return;
 }
 
 void AppModel::setRecord(const QString &id, const AlertRecord &record)
@@ -169,6 +182,7 @@ void AppModel::expirePause()
 // neither lasts longer than it could have from now.
 void AppModel::mendTimes()
 {
+    mendPhoneTimes();
     const QDateTime latest = QDateTime::fromMSecsSinceEpoch(std::llround((now() + pauseLength) * 1000));
     if (m_pausedUntil && *m_pausedUntil > latest)
         setPausedUntil(latest);

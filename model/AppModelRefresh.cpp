@@ -3,9 +3,11 @@
 
 #include "model/AppModel.h"
 
+#include "calendars/records/FantasticalCache.h"
 #include "model/Launch.h"
 #include "model/SourceStatus.h"
 
+#include <QFileInfo>
 #include <QPointer>
 
 #include <algorithm>
@@ -30,6 +32,8 @@ QCoro::Task<> AppModel::refresh()
     co_await m_services.calendarReader.read(now(), excluded);
     co_await second;
     if (self)
+        co_await exchangeWithServer();
+    if (self)
         endRefresh();
 }
 
@@ -41,6 +45,8 @@ void AppModel::endRefresh()
     mendTimes();
     if (!m_isSaved)
         save();
+    if (!m_arePendingAcksKept)
+        keepPendingAcks();
     Q_EMIT isRefreshingChanged();
     if (m_refreshAgain)
         m_changeDelay.start();
@@ -87,17 +93,36 @@ void AppModel::applyReading()
 {
     const QStringList excluded = m_services.preferences.excludedCalendars();
     std::vector<Meeting> local = m_services.calendarReader.events(now(), excluded);
-    m_freshCalendarEventCount = static_cast<qsizetype>(local.size());
-    std::ranges::move(m_fantastical.meetings(excluded), std::back_inserter(local));
-    if (m_fantastical.isConnected())
-        m_freshCalendarEventCount = static_cast<qsizetype>(local.size());
-    m_calendarEvents = MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings,
-                                                    m_fantastical.freshness(), now());
+    const std::vector<Meeting> second = m_fantastical.meetings(excluded);
+    m_freshCalendarEventCount =
+        static_cast<qsizetype>(local.size() + (m_fantastical.isConnected() ? second.size() : 0));
+    std::ranges::copy(second, std::back_inserter(local));
+    m_calendarEvents =
+        MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings, ownFreshness(), now());
     chooseMeetings();
     closeOutdatedAlert();
     describeSources();
     // What the reading brought may be due already.
     alertStep();
+}
+
+// The server's copies of this machine's own meetings stand in for a source that has said nothing yet and
+// should. Otherwise what is read or held here has the word: a copy would bring back what was moved or
+// deleted.
+Freshness AppModel::ownFreshness() const
+{
+    if (m_fantastical.isConnected())
+        return Freshness::fresh;
+    const bool storesAnswer = m_calendarAccess && m_services.calendarReader.problems().empty();
+    const bool isMissed = !m_fantastical.wasEverConnected() && isSecondSourceExpected();
+    return storesAnswer && !isMissed ? Freshness::fresh : Freshness::stale;
+}
+
+bool AppModel::isSecondSourceExpected() const
+{
+    return !m_services.preferences.fantasticalFolder().isEmpty() ||
+           QFileInfo::exists(m_services.fantasticalAccess.defaultDirectory() + u'/' +
+                             FantasticalCache::fileName);
 }
 
 void AppModel::chooseMeetings()
@@ -109,8 +134,10 @@ void AppModel::chooseMeetings()
     m_meetings = std::move(chosen);
     // The tick asks every second, so the choice is made here and not there.
     m_scheduledMeetings = m_meetings;
-    if (isNew)
+    if (isNew) {
+        ++m_scheduleRevision;
         Q_EMIT meetingsChanged();
+    }
 }
 
 void AppModel::closeOutdatedAlert()
@@ -130,7 +157,6 @@ void AppModel::describeSources()
 {
     if (m_isRefreshing && !m_calendarAccess && !m_fantastical.isConnected())
         return;
-    m_cloudStatus = u"Local only. Phone delivery stops while this Mac sleeps."_s;
     m_status = SourceStatus::line({m_calendarAccess, m_fantastical.isConnected(),
                                    m_services.calendarReader.problems(), m_scheduledMeetings.size()});
     if (m_fantastical.wasRead())
@@ -147,10 +173,11 @@ QCoro::Task<> AppModel::connectCalendar()
         m_refreshAgain = true;
         co_return;
     }
-    // The refresh tells what came of it: each store says the same again.
+    // The refresh tells what came of it: each store says the same again. One that the tick has begun
+    // meanwhile left the stores out that were being asked.
     (void)co_await m_services.calendarReader.requestAccess();
     if (self)
-        co_await refresh();
+        requestRefresh();
 }
 
 QCoro::Task<> AppModel::connectFantastical()

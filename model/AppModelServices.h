@@ -12,6 +12,8 @@
 #include "model/ProcessActivities.h"
 #include "model/TickSource.h"
 #include "model/WakeSource.h"
+#include "network/Network.h"
+#include "network/Secrets.h"
 
 #include <QString>
 
@@ -23,8 +25,10 @@ struct AppModelServices
     CalendarReader &calendarReader;
     FantasticalReader &fantasticalReader;
     FantasticalAccess &fantasticalAccess;
+    Secrets &secrets;
+    Network &network;
     Overlay &overlay;
-    const Preferences &preferences;
+    Preferences &preferences;
     const Clock &clock;
     TickSource &ticks;
     WakeSource &wakes;

@@ -12,6 +12,7 @@ namespace quorvane {
 void FantasticalSource::take(Result<FantasticalSnapshot> outcome)
 {
     m_isConnected = outcome.has_value();
+    m_wasEverConnected = m_wasEverConnected || m_isConnected;
     m_failure = outcome ? std::error_code() : outcome.error();
     if (outcome)
         m_snapshot = *std::move(outcome);

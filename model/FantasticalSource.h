@@ -4,7 +4,6 @@
 #pragma once
 
 #include "calendars/records/FantasticalSnapshot.h"
-#include "core/MeetingSelection.h"
 #include "core/Result.h"
 
 #include <QStringList>
@@ -23,9 +22,10 @@ public:
 
     /// Whether a reading has ended, well or not.
     [[nodiscard]] bool wasRead() const { return m_isConnected || m_failure; }
+    /// Whether any reading has gone well.
+    [[nodiscard]] bool wasEverConnected() const { return m_wasEverConnected; }
     /// Whether the last reading went well.
     [[nodiscard]] bool isConnected() const { return m_isConnected; }
-    [[nodiscard]] Freshness freshness() const { return m_isConnected ? Freshness::fresh : Freshness::stale; }
     /// Why the last reading failed; an empty code when it did not.
     [[nodiscard]] std::error_code failure() const { return m_failure; }
 
@@ -40,6 +40,7 @@ private:
     FantasticalSnapshot m_snapshot;
     std::error_code m_failure;
     bool m_isConnected = false;
+    bool m_wasEverConnected = false;
 };
 
 } // namespace quorvane

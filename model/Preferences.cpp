@@ -73,14 +73,29 @@ QString Preferences::fantasticalFolder() const
 
 Result<void> Preferences::setFantasticalFolder(const QString &folder)
 {
+    return write(fantasticalFolderKey, folder);
+}
+
+Result<void> Preferences::setPendingAcks(const QStringList &ids)
+{
+    return write(u"pendingAcks"_s, ids);
+}
+
+bool Preferences::uploadMacSnapshot() const
+{
+    return text(u"uploadMacSnapshot"_s).compare("true"_L1, Qt::CaseInsensitive) == 0;
+}
+
+Result<void> Preferences::write(const QString &key, const QVariant &value)
+{
     QSettings settings(m_file, QSettings::IniFormat);
-    const QVariant before = settings.value(fantasticalFolderKey);
-    settings.setValue(fantasticalFolderKey, folder);
+    const QVariant before = settings.value(key);
+    settings.setValue(key, value);
     settings.sync();
     if (settings.status() == QSettings::NoError)
         return {};
     // What could not be written would be remembered, and written at another time.
-    settings.setValue(fantasticalFolderKey, before);
+    settings.setValue(key, before);
     return Failure(std::make_error_code(std::errc::io_error));
 }
 

@@ -8,6 +8,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 namespace quorvane {
 
@@ -28,6 +29,13 @@ public:
 
     /// Meetings whose acknowledgment the user's server has not confirmed ("pendingAcks").
     [[nodiscard]] QStringList pendingAcks() const;
+
+    /// Fails as `setFantasticalFolder` does.
+    [[nodiscard]] Result<void> setPendingAcks(const QStringList &ids);
+
+    /// Whether this machine's schedule goes to the user's own server ("uploadMacSnapshot"): only if the
+    /// setting says true.
+    [[nodiscard]] bool uploadMacSnapshot() const;
 
     /// Address of the user's own server ("serverURL"); empty when there is none.
     [[nodiscard]] QString serverURL() const;
@@ -50,6 +58,7 @@ public:
 private:
     [[nodiscard]] QStringList list(const QString &key) const;
     [[nodiscard]] QString text(const QString &key) const;
+    [[nodiscard]] Result<void> write(const QString &key, const QVariant &value);
 
     QString m_file;
 };

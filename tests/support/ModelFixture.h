@@ -8,6 +8,7 @@
 #include "model/Launch.h"
 #include "tests/support/AlertFixture.h"
 #include "tests/support/ManualTime.h"
+#include "tests/support/MemorySecrets.h"
 #include "tests/support/ScriptedChooser.h"
 #include "tests/support/ScriptedRunner.h"
 #include "tests/support/ScriptedStore.h"
@@ -44,9 +45,25 @@ public:
 
     void start(AppModel::Mode mode = AppModel::Mode::live)
     {
-        const AppModelServices services{
-            *reader, fantasticalReader, fantasticalAccess, alert.overlay, preferences, clock, ticks,
-            wakes,   activities,        ledgerFile()};
+        network = std::make_unique<Network>(NetworkSetup{
+            .secrets = secrets,
+            .serverAddress = [this] { return preferences.serverURL(); },
+            .now = [this] { return clock.now(); },
+            .trust = ServerTrust([this] { return pinnedCertificate; }),
+            .phoneService = phoneService,
+        });
+        const AppModelServices services{*reader,
+                                        fantasticalReader,
+                                        fantasticalAccess,
+                                        secrets,
+                                        *network,
+                                        alert.overlay,
+                                        preferences,
+                                        clock,
+                                        ticks,
+                                        wakes,
+                                        activities,
+                                        ledgerFile()};
         model = std::make_unique<AppModel>(mode, services);
     }
 
@@ -109,6 +126,12 @@ public:
     FantasticalAccess fantasticalAccess{dir.path(), chooser, [this](const QString &folder) {
                                             return preferences.setFantasticalFolder(folder);
                                         }};
+    MemorySecrets keyring;
+    Secrets secrets{keyring};
+    /// Where the phone service and the pinned certificate are; nowhere, unless a test has them.
+    QUrl phoneService{QStringLiteral("https://localhost:1")};
+    QByteArray pinnedCertificate;
+    std::unique_ptr<Network> network;
     std::unique_ptr<CalendarReader> reader;
     std::unique_ptr<AppModel> model;
 };

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+namespace quorvane {
+
+/// Keeps what the program has in memory (credentials, titles, links) out of core dumps and out of Qt's own
+/// messages, whatever logging the environment asks for. Call it first of all.
+void keepMemoryPrivate();
+
+} // namespace quorvane

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/AppModel.h"
+
+#include "core/AlertPolicy.h"
+#include "core/Characters.h"
+#include "model/Launch.h"
+#include "network/NetworkError.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+namespace {
+
+constexpr qsizetype phoneTokenLength = 30;
+/// After a failed message, and after a keyring that gave no token, in seconds.
+constexpr double pauseAfterFailure = 30;
+constexpr double pauseWithoutToken = 5;
+constexpr double receiptInterval = 15;
+
+const QString sendFailed = u"Phone alert failed. Retrying; screen alerts remain active."_s;
+
+} // namespace
+
+void AppModel::phoneStep()
+{
+    std::vector<Meeting> due;
+    std::ranges::copy_if(localMeetings(), std::back_inserter(due), [this](const Meeting &meeting) {
+        return AlertPolicy::shouldPush(meeting, now(), m_records.value(meeting.id)) &&
+               !m_busyPush.contains(meeting.id) && m_retryAfter.value(meeting.id) < now();
+    });
+    for (const Meeting &meeting : due) {
+        m_busyPush.insert(meeting.id);
+        launch(sendPhone(meeting));
+    }
+}
+
+const std::vector<Meeting> &AppModel::localMeetings() const
+{
+    static const std::vector<Meeting> none;
+    return isServerInCharge() ? none : m_scheduledMeetings;
+}
+
+QCoro::Task<bool> AppModel::hasPhoneToken()
+{
+    const auto token = co_await m_services.secrets.get(Secrets::pushoverToken);
+    co_return token &&Characters::count(*token) == phoneTokenLength;
+}
+
+bool AppModel::isWanted(const QString &id) const
+{
+    return !m_records.value(id).acknowledged &&
+           std::ranges::any_of(m_scheduledMeetings, [&](const Meeting &meeting) { return meeting.id == id; });
+}
+
+QCoro::Task<> AppModel::sendPhone(Meeting meeting)
+{
+    const QPointer<AppModel> self(this);
+    const bool hasToken = co_await hasPhoneToken();
+    if (!self)
+        co_return;
+    if (!hasToken) {
+        m_retryAfter[meeting.id] = now() + pauseWithoutToken;
+    } else if (!isWanted(meeting.id)) {
+        (void)co_await m_services.network.cancelTag(meeting.id);
+    } else {
+        const auto receipt = co_await m_services.network.push(meeting, PushKind::alert);
+        if (self)
+            takeReceipt(meeting.id, receipt);
+    }
+    if (self)
+        m_busyPush.remove(meeting.id);
+}
+
+void AppModel::takeReceipt(const QString &id, const Result<std::optional<QString>> &receipt)
+{
+    if (!receipt) {
+        m_retryAfter[id] = now() + pauseAfterFailure;
+        setNotice(sendFailed);
+        return;
+    }
+    m_retryAfter.remove(id);
+    if (m_notice == sendFailed)
+        setNotice(std::nullopt);
+    AlertRecord record = m_records.value(id);
+    record.phoneSent = true;
+    record.receipt = *receipt;
+    setRecord(id, record);
+    // Answered, switched off or gone while the message was on its way.
+    if (!isWanted(id))
+        launch(silencePhone(id));
+}
+
+// By its tag: that reaches every message about the meeting, whoever sent it and however often.
+QCoro::Task<> AppModel::silencePhone(QString id)
+{
+    const QPointer<AppModel> self(this);
+    const bool hasToken = co_await hasPhoneToken();
+    if (!self)
+        co_return;
+    if (hasToken) {
+        (void)co_await m_services.network.cancelTag(id);
+        co_return;
+    }
+    const std::optional<QString> receipt = m_records.value(id).receipt;
+    if (m_serverConfigured || !receipt)
+        co_return;
+    const auto cancelled = co_await m_services.network.cancel(*receipt);
+    if (self && !cancelled)
+        setNotice(u"Acknowledged on this Mac. Phone acknowledgment could not sync; retry from the phone."_s);
+}
+
+void AppModel::receiptStep()
+{
+    if (isServerInCharge() || m_isPolling || now() - m_receiptAt <= receiptInterval)
+        return;
+    m_receiptAt = now();
+    launch(pollReceipts());
+}
+
+// One after the other, so that the service sees two connections of ours at most.
+QCoro::Task<> AppModel::pollReceipts()
+{
+    if (m_isPolling)
+        co_return;
+    const QPointer<AppModel> self(this);
+    m_isPolling = true;
+    const QHash<QString, QString> open = openReceipts();
+    for (auto entry = open.begin(); entry != open.end(); ++entry) {
+        const auto answer = co_await m_services.network.receipt(entry.value());
+        if (!self)
+            co_return;
+        if (answer && answer->acknowledged == 1)
+            launch(acknowledge(entry.key()));
+        else if (answer ? answer->expired == 1 : answer.error() == NetworkError::invalidResponse)
+            m_spentReceipts.insert(entry.value());
+        else if (!answer && answer.error() == NetworkError::rejected)
+            m_receiptAt = now() + pauseAfterFailure; // the service shuts out who asks on and on
+    }
+    m_isPolling = false;
+}
+
+// Those of all meetings whose message may still ring, also from before a restart.
+QHash<QString, QString> AppModel::openReceipts() const
+{
+    QHash<QString, QString> open;
+    for (auto record = m_records.begin(); record != m_records.end(); ++record) {
+        if (!record->acknowledged && record->receipt && !m_spentReceipts.contains(*record->receipt))
+            open.insert(record.key(), *record->receipt);
+    }
+    return open;
+}
+
+// A clock that was set back must not keep the phone silent for as long.
+void AppModel::mendPhoneTimes()
+{
+    m_retryAfter.removeIf([this](const auto &entry) {
+        return entry.value() < now() || entry.value() > now() + pauseAfterFailure;
+    });
+    m_receiptAt = std::min(m_receiptAt, now() + pauseAfterFailure);
+}
+
+} // namespace quorvane
