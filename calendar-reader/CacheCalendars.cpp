@@ -19,20 +19,13 @@ Result<CacheCalendars> CacheCalendars::read(const CacheDatabase &database)
 
 Result<void> CacheCalendars::readOptions(const CacheDatabase &database)
 {
-    Result<Statement> row = database.query("SELECT id, name, account FROM calendar ORDER BY rowid");
-    if (!row)
-        return Failure(row.error());
-    for (;;) {
-        const Result<bool> more = row->step();
-        if (!more)
-            return Failure(more.error());
-        if (!*more)
-            return {};
-        m_skipped += add(*row) ? 0 : 1;
-    }
+    Result<Statement> rows = database.query("SELECT id, name, account FROM calendar ORDER BY rowid");
+    if (!rows)
+        return Failure(rows.error());
+    return rows->forEach([this](const Statement &row) { m_skipped += addOption(row) ? 0 : 1; });
 }
 
-bool CacheCalendars::add(const Statement &row)
+bool CacheCalendars::addOption(const Statement &row)
 {
     const auto id = row.text(0);
     const auto name = row.text(1);
@@ -51,22 +44,20 @@ bool CacheCalendars::add(const Statement &row)
 
 Result<void> CacheCalendars::readAddresses(const CacheDatabase &database)
 {
-    Result<Statement> row = database.query("SELECT calendar, address FROM own_address LIMIT 10000");
-    if (!row)
-        return Failure(row.error());
-    for (;;) {
-        const Result<bool> more = row->step();
-        if (!more)
-            return Failure(more.error());
-        if (!*more)
-            return {};
-        const auto calendar = row->text(0);
-        const auto address = row->text(1);
-        if (!address || (!calendar && !row->isNull(0)))
-            ++m_skipped;
-        else
-            (calendar ? m_addresses[*calendar] : m_addressesOfAll).append(*address);
-    }
+    Result<Statement> rows = database.query("SELECT calendar, address FROM own_address LIMIT 10000");
+    if (!rows)
+        return Failure(rows.error());
+    return rows->forEach([this](const Statement &row) { m_skipped += addAddress(row) ? 0 : 1; });
+}
+
+bool CacheCalendars::addAddress(const Statement &row)
+{
+    const auto calendar = row.text(0);
+    const auto address = row.text(1);
+    if (!address || (!calendar && !row.isNull(0)))
+        return false;
+    (calendar ? m_addresses[*calendar] : m_addressesOfAll).append(*address);
+    return true;
 }
 
 const CalendarOption *CacheCalendars::find(const QString &id) const

@@ -35,7 +35,8 @@ public:
 private:
     [[nodiscard]] Result<void> readOptions(const CacheDatabase &database);
     [[nodiscard]] Result<void> readAddresses(const CacheDatabase &database);
-    [[nodiscard]] bool add(const Statement &row);
+    [[nodiscard]] bool addOption(const Statement &row);
+    [[nodiscard]] bool addAddress(const Statement &row);
 
     std::vector<CalendarOption> m_options;
     QHash<QString, std::size_t> m_positions;

@@ -4,6 +4,7 @@
 #include "calendar-reader/ExcludedCalendars.h"
 
 #include "core/StrictJson.h"
+#include "posix/SystemError.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -17,11 +18,6 @@
 
 namespace quorvane::ExcludedCalendars {
 namespace {
-
-std::error_code systemError()
-{
-    return {errno, std::generic_category()};
-}
 
 Result<void> awaitInput(int descriptor, Deadline deadline)
 {

@@ -27,6 +27,18 @@ Result<bool> Statement::step()
     return code == SQLITE_ROW;
 }
 
+Result<void> Statement::forEach(const std::function<void(const Statement &row)> &take)
+{
+    for (;;) {
+        const Result<bool> more = step();
+        if (!more)
+            return Failure(more.error());
+        if (!*more)
+            return {};
+        take(*this);
+    }
+}
+
 bool Statement::isNull(int column) const
 {
     return sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL;

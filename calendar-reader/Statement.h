@@ -9,6 +9,7 @@
 
 #include <sqlite3.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -29,6 +30,8 @@ public:
 
     /// Goes to the next row; false after the last one.
     [[nodiscard]] Result<bool> step();
+    /// Goes through the rows that are left, calling `take` for each.
+    [[nodiscard]] Result<void> forEach(const std::function<void(const Statement &row)> &take);
 
     [[nodiscard]] bool isNull(int column) const;
     [[nodiscard]] sqlite3_int64 integer(int column) const;
