@@ -25,8 +25,8 @@ public:
     static constexpr int longestContent = 1'000'000;
 
     /// Opens the file and begins a transaction, so that everything read is of one moment. Fails with
-    /// `FantasticalReadError`: `databaseUnavailable` when it is locked, damaged or gone, also when `deadline`
-    /// passes during a query.
+    /// `FantasticalReadError`: `databaseUnavailable` when it is locked, damaged or gone, `helperFailed` when
+    /// there is too little memory or `deadline` passes during a query.
     [[nodiscard]] static Result<CacheDatabase> open(const QByteArray &path, CacheJournal journal,
                                                     Deadline deadline);
 

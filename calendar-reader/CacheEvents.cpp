@@ -4,6 +4,7 @@
 #include "calendar-reader/CacheEvents.h"
 
 #include "calendars/records/EventMeetings.h"
+#include "calendars/records/FantasticalReadError.h"
 
 #include <algorithm>
 #include <iterator>
@@ -47,45 +48,55 @@ Result<std::vector<CalendarEvent>> CacheEvents::read()
     const Result<std::vector<Row>> found = rows();
     if (!found)
         return Failure(found.error());
-    for (const Row &row : *found) {
-        const bool isOver =
-            std::chrono::steady_clock::now() > m_request.deadline || m_events.size() > mostOccurrences;
-        if (isOver || !m_request.mayRead(row.id)) {
-            ++m_skipped;
-            continue;
-        }
-        if (const Result<void> done = readRow(row); !done)
-            return Failure(done.error());
-    }
+    const Result<void> done = readRows(*found);
+    m_request.leaveRows();
+    if (!done)
+        return Failure(done.error());
     return std::move(m_events);
 }
 
 /// The rows are listed first: the index has all that this takes, so contents are touched only where needed.
 Result<std::vector<CacheEvents::Row>> CacheEvents::rows()
 {
-    Result<Statement> row = m_database.query("SELECT rowid, calendar FROM event "
-                                             "WHERE (first_start IS NULL OR first_start <= ?1) "
-                                             "AND (last_end IS NULL OR last_end >= ?2)");
-    if (!row)
-        return Failure(row.error());
-    row->bind(1, m_context.to + margin);
-    row->bind(2, m_context.from - margin);
+    Result<Statement> found = m_database.query("SELECT rowid, calendar FROM event "
+                                               "WHERE (first_start IS NULL OR first_start <= ?1) "
+                                               "AND (last_end IS NULL OR last_end >= ?2)");
+    if (!found)
+        return Failure(found.error());
+    found->bind(1, m_context.to + margin);
+    found->bind(2, m_context.from - margin);
     std::vector<Row> rows;
-    for (;;) {
-        const Result<bool> more = row->step();
-        if (!more)
-            return Failure(more.error());
-        if (!*more)
-            return rows;
-        const auto calendar = row->text(1);
+    const Result<void> done = found->forEach([this, &rows](const Statement &row) {
+        const auto calendar = row.text(1);
         if (calendar && m_request.excluded.contains(*calendar))
-            continue;
+            return;
         const CalendarOption *known = calendar ? m_calendars.find(*calendar) : nullptr;
-        if (known && rows.size() < mostRows)
-            rows.push_back({row->integer(0), known});
-        else
+        if (!known)
             ++m_skipped;
+        else if (rows.size() <= mostRows)
+            rows.push_back({row.integer(0), known});
+    });
+    if (!done)
+        return Failure(done.error());
+    if (rows.size() > mostRows)
+        return Failure(FantasticalReadError::helperFailed);
+    return rows;
+}
+
+Result<void> CacheEvents::readRows(const std::vector<Row> &rows)
+{
+    for (const Row &row : rows) {
+        if (m_events.size() > mostOccurrences || !m_request.mayRead(row.id)) {
+            ++m_skipped;
+            continue;
+        }
+        // An answer without the rest would take meetings away from whoever still holds them.
+        if (std::chrono::steady_clock::now() > m_request.deadline)
+            return Failure(FantasticalReadError::helperFailed);
+        if (const Result<void> done = readRow(row); !done)
+            return done;
     }
+    return {};
 }
 
 Result<void> CacheEvents::readRow(const Row &row)

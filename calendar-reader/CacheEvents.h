@@ -17,8 +17,9 @@ namespace quorvane {
 class CacheEvents final
 {
 public:
-    /// What is beyond these numbers is skipped: rows to look at, occurrences to list.
+    /// With more rows to look at reading fails.
     static constexpr std::size_t mostRows = 500'000;
+    /// Once there are more, the rows that are left are skipped.
     static constexpr std::size_t mostOccurrences = 100'000;
     /// Longest UID, and longest title that is not cut, in characters.
     static constexpr qsizetype longestIdentifier = 1'000;
@@ -27,7 +28,9 @@ public:
     /// All must outlive this.
     CacheEvents(const CacheDatabase &database, const CacheCalendars &calendars, const CacheRequest &request);
 
-    /// Fails as `CacheDatabase` does. A row that cannot be understood is no failure and counts as skipped.
+    /// Fails as `CacheDatabase` does, and with `FantasticalReadError::helperFailed` when there are
+    /// too many rows or the deadline passes before all were read. A row that cannot be understood is no
+    /// failure and counts as skipped.
     [[nodiscard]] Result<std::vector<CalendarEvent>> read();
 
     [[nodiscard]] qint64 skipped() const { return m_skipped; }
@@ -40,6 +43,7 @@ private:
     };
 
     [[nodiscard]] Result<std::vector<Row>> rows();
+    [[nodiscard]] Result<void> readRows(const std::vector<Row> &rows);
     [[nodiscard]] Result<void> readRow(const Row &row);
     [[nodiscard]] bool takeEvents(const Row &row, const std::string &content);
     [[nodiscard]] const FileContext &context(const CalendarOption &calendar);

@@ -24,10 +24,12 @@ struct CacheRequest
     double now = 0;
     /// Olson name of the zone in which floating times are understood.
     QByteArray zone;
-    /// Events that have not been read by then are counted as skipped.
+    /// A reading that has not seen every row by then fails.
     Deadline deadline;
     /// Asked before the event of a row of the database is read; what it says no to is counted as skipped.
     std::function<bool(std::int64_t row)> mayRead = [](std::int64_t) { return true; };
+    /// Called when no row is being read any more, also when that failed.
+    std::function<void()> leaveRows = [] {};
 };
 
 } // namespace quorvane

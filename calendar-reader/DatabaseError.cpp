@@ -16,6 +16,9 @@ FantasticalReadError databaseError(sqlite3 *database, int code)
     case SQLITE_CANTOPEN:
         return number == EACCES || number == EPERM ? FantasticalReadError::accessDenied
                                                    : FantasticalReadError::databaseUnavailable;
+    case SQLITE_NOMEM:
+    case SQLITE_INTERRUPT:
+        return FantasticalReadError::helperFailed;
     default:
         return FantasticalReadError::databaseUnavailable;
     }

@@ -10,7 +10,8 @@
 namespace quorvane {
 
 /// What SQLite's result `code` of the last call on `database` means for the cache. A query that does not fit
-/// the tables tells of another layout; everything else of a database that cannot be read just now.
+/// the tables tells of another layout, too little memory or time of this process; everything else of a
+/// database that cannot be read just now.
 [[nodiscard]] FantasticalReadError databaseError(sqlite3 *database, int code);
 
 } // namespace quorvane

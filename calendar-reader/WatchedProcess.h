@@ -11,7 +11,8 @@
 namespace quorvane {
 
 /// Runs the reading in a process of its own, because what libraries make of hostile text cannot be bounded
-/// from within: a row over which they spin, run out of memory or crash then costs only itself.
+/// from within: a row over which they spin, run out of memory or crash then costs only itself, as long as
+/// the rest can be read anew in time and no more than `RowGate::mostBadRows` are like that.
 class WatchedProcess final
 {
 public:
@@ -25,8 +26,8 @@ public:
     {
     }
 
-    /// Returns the exit status of `work`, run again as often as it fails over a row; -1 when it fails
-    /// otherwise or is not done by `deadline`. The process must have only one thread.
+    /// Returns the exit status of `work`, run again without the row over which it failed; -1 when it fails
+    /// otherwise, over too many rows, or is not done by `deadline`. The process must have only one thread.
     [[nodiscard]] int run(Deadline deadline);
 
 private:

@@ -16,6 +16,10 @@ SANITIZED = b"__asan_init" in subprocess.run(["nm", "-D", READER], capture_outpu
 LONG_ZONE = ("BEGIN:VTIMEZONE\r\nTZID:Slow\r\n"
              + ("BEGIN:DAYLIGHT\r\nDTSTART:00010101T000000\r\nTZOFFSETFROM:+0100\r\nTZOFFSETTO:+0200\r\n"
                 "RRULE:FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30\r\nEND:DAYLIGHT\r\n") * 30 + "END:VTIMEZONE")
+SPINNING = calendar(*[LONG_ZONE.replace("Slow", f"Slow{i}") for i in range(50)],
+                    *(line for i in range(50) for line in (
+                        "BEGIN:VEVENT", f"UID:{i}", f"DTSTART;TZID=Slow{i}:{stamp(3600)[:-1]}",
+                        "DURATION:PT1H", "END:VEVENT")))
 
 
 class Hostile(ReaderTest):
@@ -51,10 +55,7 @@ class Hostile(ReaderTest):
             "many series": calendar(*(line for i in range(400) for line in (
                 "BEGIN:VEVENT", f"UID:{i}", "DTSTART;TZID=Europe/Paris:20180101T000000", "DURATION:PT1H",
                 "RRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30", "END:VEVENT"))),
-            "a zone": calendar(*[LONG_ZONE.replace("Slow", f"Slow{i}") for i in range(50)],
-                               *(line for i in range(50) for line in (
-                                   "BEGIN:VEVENT", f"UID:{i}", f"DTSTART;TZID=Slow{i}:{stamp(3600)[:-1]}",
-                                   "DURATION:PT1H", "END:VEVENT"))),
+            "a zone": SPINNING,
         }
         for name, content in slow.items():
             with self.subTest(name):
@@ -66,14 +67,37 @@ class Hostile(ReaderTest):
                 self.assertEqual((titles[0], titles[-1]), ("first", "last"))
                 self.assertEqual(outcome.snapshot["skipped"], 1)
 
-    def test_of_many_slow_rows_the_first_meetings_remain(self):
+    def test_rows_that_are_given_up_hide_nothing_behind_them(self):
+        self.make(event("first", "SUMMARY:first"), *[SPINNING] * 4, event("last", "SUMMARY:last", start=7200))
+        outcome = self.snapshot()
+        self.assertEqual((outcome.titles(), outcome.snapshot["skipped"]), (["first", "last"], 4))
+
+    def test_too_many_rows_to_give_up_are_a_failure(self):
+        self.make(event("first"), *[SPINNING] * 9, event("last"))
+        outcome = self.read()
+        self.assertLess(outcome.seconds, 14)
+        self.assert_fails(outcome, "reader_failed", 2)
+
+    def test_the_last_row_is_not_blamed_for_the_work_after_it(self):
+        often = [f"DTSTART:{stamp(-900)}", "DURATION:PT1H", "RRULE:FREQ=MINUTELY;INTERVAL=5"]
+        self.make(*(event(f"{i}", *often) for i in range(8)), event("last", "SUMMARY:last", start=60))
+        outcome = self.snapshot()
+        self.assertIn("last", outcome.titles())
+        self.assertEqual(outcome.snapshot["skipped"], 0)
+
+    def test_many_slow_rows_are_a_failure(self):
         slow = calendar(*(line for i in range(2_000) for line in (
             "BEGIN:VEVENT", f"UID:{i}", "DTSTART;TZID=Europe/Paris:20180101T000000", "RRULE:FREQ=HOURLY", "END:VEVENT")))
         self.make(event("first", "SUMMARY:first"), *[slow] * 20, event("last", "SUMMARY:last"))
-        outcome = self.snapshot()
+        outcome = self.read()
         self.assertLess(outcome.seconds, 14)
-        self.assertEqual(outcome.titles(), ["first"])
-        self.assertEqual(outcome.snapshot["skipped"], 21)
+        self.assert_fails(outcome, "reader_failed", 2)
+
+    def test_too_little_memory_is_a_failure_of_the_reader(self):
+        columns = ", ".join(f"c{i}" for i in range(2_000))
+        with self.cache(event("a")) as database:
+            database.executescript("BEGIN;" + ";".join(f"CREATE TABLE t{i} ({columns})" for i in range(1_500)) + ";END")
+        self.assert_fails(self.read(), "reader_failed", 2)
 
     def test_a_large_cache_is_read_in_time(self):
         filler = event("x", "DTSTART:20010101T000000Z", "DURATION:PT1H", "DESCRIPTION:" + "z" * 20_000)
