@@ -82,15 +82,26 @@ double searchSteps(const icalrecurrencetype &rule)
     return has(rule.by_set_pos) && rule.freq == ICAL_MONTHLY_RECURRENCE ? search * parts(rule.by_day) : 0;
 }
 
-/// The end of each occurrence is found by counting through the months of its length. As Unix time a far year
-/// overflows, so years are compared as they are.
+/// In days, whatever the zones: to be taken with a day or two to spare. As Unix time a far year overflows, so
+/// years are compared as they are.
+double daysLong(icalcomponent *event, const icaltimetype &start)
+{
+    const icaltimetype end = icalcomponent_get_dtend(event);
+    if (icaltime_is_null_time(end)) {
+        const icaldurationtype duration = icalcomponent_get_duration(event); // as an int it may overflow
+        const double days = duration.weeks * 7.0 + duration.days + duration.hours / 24.0;
+        return duration.is_neg ? -days : days;
+    }
+    const double years = double(end.year) - start.year;
+    return years > 1 ? years * 366 : difftime(icaltime_as_timet(end), icaltime_as_timet(start)) / day;
+}
+
+/// The end of each occurrence is found by counting through the months of its length; backwards that takes for
+/// ever.
 double costOfLength(icalcomponent *event, const icaltimetype &start)
 {
-    const icaldurationtype duration = icalcomponent_get_duration(event); // as an int it may overflow
-    double days = duration.weeks * 7.0 + duration.days + duration.hours / 24.0;
-    if (const icaltimetype end = icalcomponent_get_dtend(event); !icaltime_is_null_time(end))
-        days = std::max(days, std::abs(double(end.year) - start.year) * 366);
-    return 1 + std::abs(days) / 100;
+    const double days = daysLong(event, start);
+    return days < -2 ? mostSteps + 1 : 1 + std::abs(days) / 100;
 }
 
 /// A rule with COUNT cannot be ended early, and where it names dates there may be none for it. The steps of

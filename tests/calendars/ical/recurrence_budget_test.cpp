@@ -89,6 +89,10 @@ void RecurrenceBudgetTest::aSeriesBeyondMeasureCostsOnlyItself_data()
         "DTSTART:00010101T000000Z\nDURATION:P999999999D\nRRULE:FREQ=WEEKLY");
     QTest::newRow("an end in another age") << QByteArray(
         "DTSTART:20260105T093000Z\nDTEND:42012500T094500Z\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,FR");
+    QTest::newRow("an end in no month")
+        << QByteArray("DTSTART:20260105T093000\nDTEND:20268203T150000Z\nRRULE:FREQ=WEEKLY");
+    QTest::newRow("an end before the start")
+        << QByteArray("DTSTART:20261101T093000\nDURATION:-P20000D\nRRULE:FREQ=WEEKLY");
     QTest::newRow("many rules") << now + QByteArray("RRULE:FREQ=YEARLY\n").repeated(5).trimmed();
     QTest::newRow("many dates") << now + QByteArray("RDATE:20261124T000000Z\n").repeated(2'000).trimmed();
     QTest::newRow("no start") << QByteArray("RRULE:FREQ=DAILY");
