@@ -8,6 +8,7 @@
 #include "alert/TakeoverPalette.h"
 #include "alert/TakeoverText.h"
 #include "alert/TitleText.h"
+#include "core/Characters.h"
 #include "ui/format/MeetingFormat.h"
 
 #include <QDateTime>
@@ -58,7 +59,7 @@ Takeover::Takeover(Meeting event, std::function<void()> acknowledge, std::functi
     , m_motion(motion)
     , m_now(now ? std::move(now) : Clock(systemTime))
     , m_title(TitleText::displayed(m_event.title))
-    , m_titleLength(TitleText::length(m_title))
+    , m_titleLength(Characters::count(m_title))
 {
     m_frameTime = m_now();
     m_secondsLeft = wholeSeconds(m_event.start - m_frameTime);

@@ -3,7 +3,7 @@
 
 #include "alert/TitleText.h"
 
-#include <QTextBoundaryFinder>
+#include "core/Characters.h"
 
 namespace quorvane::TitleText {
 
@@ -18,21 +18,8 @@ constexpr qsizetype mostCodeUnits = 4 * mostCharacters;
 QString displayed(const QString &title)
 {
     const QString line = title.left(mostCodeUnits).simplified();
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, line);
-    for (qsizetype count = 0; count < mostCharacters; ++count) {
-        if (finder.toNextBoundary() < 0)
-            return line;
-    }
-    return finder.position() < line.size() ? line.left(finder.position()) + QChar(0x2026) : line;
-}
-
-qsizetype length(const QString &text)
-{
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    qsizetype count = 0;
-    while (finder.toNextBoundary() >= 0)
-        ++count;
-    return count;
+    const QString first = Characters::first(line, mostCharacters);
+    return first.size() < line.size() ? first + QChar(0x2026) : line;
 }
 
 } // namespace quorvane::TitleText

@@ -12,7 +12,4 @@ namespace quorvane::TitleText {
 /// out a text of any length would delay the alert.
 [[nodiscard]] QString displayed(const QString &title);
 
-/// Length in characters as a reader counts them.
-[[nodiscard]] qsizetype length(const QString &text);
-
 } // namespace quorvane::TitleText

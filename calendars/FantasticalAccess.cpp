@@ -3,7 +3,7 @@
 
 #include "calendars/FantasticalAccess.h"
 
-#include "calendars/OffThread.h"
+#include "async/OffThread.h"
 #include "calendars/records/FantasticalCache.h"
 
 #include <QDir>

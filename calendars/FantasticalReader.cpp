@@ -3,7 +3,7 @@
 
 #include "calendars/FantasticalReader.h"
 
-#include "calendars/OffThread.h"
+#include "async/OffThread.h"
 #include "calendars/records/FantasticalCache.h"
 #include "calendars/records/FantasticalReadError.h"
 #include "posix/ThreadPriority.h"

@@ -6,22 +6,23 @@
 set(QUORVANE_ROOMS
   "core:"
   "posix:core"
+  "async:"
   "process:core"
   "process/linux:core posix process"
   "ui/format:core"
   "calendars/records:core"
   "calendars/ical:core calendars/records"
-  "calendars:core posix process calendars/records"
-  "calendars/linux:core posix process calendars calendars/records calendars/ical"
-  "ui/dialogs:core calendars"
+  "calendars:core async posix process calendars/records"
+  "calendars/linux:core async posix process calendars calendars/records calendars/ical"
+  "ui/dialogs:core async calendars"
   "calendar-reader:core posix calendars/records calendars/ical"
   "alert:core ui/format"
   "alert/linux:core ui/format alert"
-  "network:core"
-  "network/linux:core network"
-  "model:core ui/format process calendars calendars/records alert network"
-  "model/linux:core ui/format process calendars calendars/records alert model"
-  "app:core posix process process/linux ui/format ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux")
+  "network:core async"
+  "network/linux:core async network"
+  "model:core async ui/format process calendars calendars/records alert network"
+  "model/linux:core async ui/format process calendars calendars/records alert model"
+  "app:core async posix process process/linux ui/format ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux")
 
 # quorvane_room(PATH [ROOMS room...] [LINK library...] [PRIVATE_LINK library...] SOURCES file...)
 # One static library per room, named quorvane_<path with underscores>.

@@ -3,7 +3,7 @@
 
 #include "model/AppModel.h"
 
-#include "model/Launch.h"
+#include "async/Launch.h"
 
 using namespace Qt::StringLiterals;
 

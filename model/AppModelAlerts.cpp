@@ -4,7 +4,7 @@
 #include "model/AppModel.h"
 
 #include "core/AlertPolicy.h"
-#include "model/Launch.h"
+#include "async/Launch.h"
 
 #include <QLoggingCategory>
 #include <QPointer>

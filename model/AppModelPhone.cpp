@@ -5,7 +5,7 @@
 
 #include "core/AlertPolicy.h"
 #include "core/Characters.h"
-#include "model/Launch.h"
+#include "async/Launch.h"
 #include "network/NetworkError.h"
 
 #include <QPointer>

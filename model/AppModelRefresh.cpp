@@ -4,7 +4,7 @@
 #include "model/AppModel.h"
 
 #include "calendars/records/FantasticalCache.h"
-#include "model/Launch.h"
+#include "async/Launch.h"
 #include "model/SourceStatus.h"
 
 #include <QFileInfo>

@@ -4,7 +4,7 @@
 #include "model/AppModel.h"
 
 #include "core/Characters.h"
-#include "model/Launch.h"
+#include "async/Launch.h"
 #include "model/ServerReport.h"
 
 #include <QPointer>

@@ -3,7 +3,7 @@
 
 #include "calendars/linux/PortalFolderChooser.h"
 
-#include "calendars/OffThread.h"
+#include "async/OffThread.h"
 #include "calendars/linux/PortalRequest.h"
 
 #include <QCoroDBus>

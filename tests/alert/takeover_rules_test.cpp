@@ -6,6 +6,7 @@
 #include "alert/TakeoverPalette.h"
 #include "alert/TakeoverText.h"
 #include "alert/TitleText.h"
+#include "core/Characters.h"
 
 #include <QTest>
 
@@ -163,11 +164,11 @@ void TakeoverRulesTest::aTitleIsShownOnOneLineOfBoundedLength()
     QCOMPARE(TitleText::displayed(QStringLiteral(" Design\n\treview ")), QStringLiteral("Design review"));
     // A flag is one character of four code units.
     const QString flag = QString::fromUtf8("\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA");
-    QCOMPARE(TitleText::length(flag + QStringLiteral("e\u0301")), 2);
+    QCOMPARE(Characters::count(flag + QStringLiteral("e\u0301")), 2);
     const QString endless(1'000'000, QLatin1Char('W'));
     QCOMPARE(TitleText::displayed(endless), endless.left(1500) + QChar(0x2026));
     const QString flags = TitleText::displayed(flag.repeated(2000));
-    QVERIFY(TitleText::length(flags) <= 1501 && flags.startsWith(flag.repeated(1499)));
+    QVERIFY(Characters::count(flags) <= 1501 && flags.startsWith(flag.repeated(1499)));
 }
 
 void TakeoverRulesTest::theGlowFadesIntoTheNight()

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "calendars/FantasticalAccess.h"
-#include "calendars/OffThread.h"
+#include "async/OffThread.h"
 
 #include <QDir>
 #include <QFile>

@@ -5,7 +5,7 @@
 
 #include "calendars/records/FantasticalCache.h"
 #include "model/AppModel.h"
-#include "model/Launch.h"
+#include "async/Launch.h"
 #include "tests/support/AlertFixture.h"
 #include "tests/support/ManualTime.h"
 #include "tests/support/MemorySecrets.h"

@@ -3,7 +3,7 @@
 
 #include "ui/dialogs/FolderBrowser.h"
 
-#include "calendars/OffThread.h"
+#include "async/OffThread.h"
 
 #include <QDir>
 #include <QFileInfo>
