@@ -36,7 +36,9 @@ void keepMemoryPrivate()
         limit.rlim_cur = limit.rlim_max < 1 ? limit.rlim_max : 1;
         ::setrlimit(RLIMIT_CORE, &limit);
     }
-    qunsetenv("QDBUS_DEBUG"); // Qt would print every value that the keyring hands over
+    // They would print every value that the keyring hands over, and the calendar service's events.
+    for (const char *variable : {"QDBUS_DEBUG", "G_DBUS_DEBUG", "G_MESSAGES_DEBUG"})
+        qunsetenv(variable);
     filterByRules = QLoggingCategory::installFilter(filter);
 }
 

@@ -176,6 +176,14 @@ std::vector<Meeting> CalendarReader::events(double now, const QStringList &exclu
     return EventMeetings::meetings(held, now);
 }
 
+bool CalendarReader::hasAnswered() const
+{
+    return std::ranges::all_of(m_sources, [](const auto &source) {
+        return source->authorization == AuthorizationStatus::fullAccess ||
+               source->problem == CalendarError::unavailable;
+    });
+}
+
 std::vector<StoreProblem> CalendarReader::problems() const
 {
     std::vector<StoreProblem> problems;

@@ -55,6 +55,10 @@ public:
     /// The meetings held, judged at `now`, of the calendars whose identifiers are not in `excluded`.
     [[nodiscard]] std::vector<Meeting> events(double now, const QStringList &excluded) const;
 
+    /// Whether nothing is missing for want of a first answer: every store that is there has answered since
+    /// the start.
+    [[nodiscard]] bool hasAnswered() const;
+
     /// The stores whose last answer was missing or incomplete, leaving out those that are simply not
     /// installed.
     [[nodiscard]] std::vector<StoreProblem> problems() const;

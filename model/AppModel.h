@@ -74,7 +74,7 @@ public:
     [[nodiscard]] bool fantasticalConnected() const { return m_fantastical.isConnected(); }
     /// One line on phone delivery.
     [[nodiscard]] const QString &cloudStatus() const { return m_cloudStatus; }
-    /// The user's own server has an address and a token.
+    /// The user's own server has an address and, as far as the keyring tells, a token.
     [[nodiscard]] bool serverConfigured() const { return m_serverConfigured; }
     /// The user's own server holds what is scheduled here.
     [[nodiscard]] bool scheduleSynced() const { return m_scheduleSynced; }
@@ -151,22 +151,28 @@ private:
     // AppModelServer.cpp: the user's own server.
     QCoro::Task<> exchangeWithServer();
     QCoro::Task<std::optional<bool>> readServerConfigured();
-    QCoro::Task<bool> uploadSchedule();
+    enum class UploadOutcome { notWanted, postponed, taken, failed };
+    QCoro::Task<UploadOutcome> uploadSchedule();
     QCoro::Task<> resendAcknowledgments();
     QCoro::Task<> tellServer(QString id);
     void workAlone();
     void countServerFailure();
     void takeServerState(const ServerState &state);
-    void judgeServer(const ServerState &state);
+    void judgeServer(const ServerState &state, UploadOutcome uploaded);
+    void silenceAcknowledged(const std::vector<Meeting> &meetings);
+    [[nodiscard]] std::vector<Meeting> ownSchedule() const;
+    [[nodiscard]] bool isUpcoming(const QString &id) const;
     void settleAcknowledgment(const QString &id);
     void keepPendingAcks();
     [[nodiscard]] bool isServerInCharge() const;
+    [[nodiscard]] bool wasJustTold() const;
 
     // AppModelPhone.cpp: the phone, from this machine.
     void phoneStep();
     void receiptStep();
     QCoro::Task<> sendPhone(Meeting meeting);
     QCoro::Task<> silencePhone(QString id);
+    QCoro::Task<bool> cancelMessages(QString id);
     QCoro::Task<> pollReceipts();
     QCoro::Task<bool> hasPhoneToken();
     void takeReceipt(const QString &id, const Result<std::optional<QString>> &receipt);
@@ -222,6 +228,11 @@ private:
     /// Counts the changes of what is scheduled; `m_syncedRevision` is the one that the server took.
     int m_scheduleRevision = 0;
     int m_syncedRevision = -1;
+    /// When, and at which revision, the server was last in order.
+    double m_judgedAt = 0;
+    int m_judgedRevision = -1;
+    /// Identifiers of the meetings that were read here or added by hand.
+    QSet<QString> m_ownIDs;
     /// Failed exchanges in a row.
     int m_serverFailures = 0;
     /// Acknowledgments that the server has not confirmed.
@@ -235,6 +246,9 @@ private:
     double m_receiptAt = 0;
     QSet<QString> m_spentReceipts;
     bool m_isPolling = false;
+    bool m_isResending = false;
+    /// What the server last listed as answered.
+    QSet<QString> m_acknowledgedThere;
     std::unique_ptr<ActivityToken> m_activity;
     QTimer m_changeDelay;
     QString m_preparedID;

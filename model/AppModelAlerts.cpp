@@ -3,8 +3,8 @@
 
 #include "model/AppModel.h"
 
-#include "core/AlertPolicy.h"
 #include "async/Launch.h"
+#include "core/AlertPolicy.h"
 
 #include <QLoggingCategory>
 #include <QPointer>

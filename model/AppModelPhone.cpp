@@ -3,11 +3,12 @@
 
 #include "model/AppModel.h"
 
+#include "async/Launch.h"
 #include "core/AlertPolicy.h"
 #include "core/Characters.h"
-#include "async/Launch.h"
 #include "network/NetworkError.h"
 
+#include <QCoroTimer>
 #include <QPointer>
 
 #include <algorithm>
@@ -23,6 +24,8 @@ constexpr qsizetype phoneTokenLength = 30;
 constexpr double pauseAfterFailure = 30;
 constexpr double pauseWithoutToken = 5;
 constexpr double receiptInterval = 15;
+constexpr int silencingAttempts = 5;
+constexpr std::chrono::seconds silencingPause{5};
 
 const QString sendFailed = u"Phone alert failed. Retrying; screen alerts remain active."_s;
 
@@ -80,79 +83,105 @@ QCoro::Task<> AppModel::sendPhone(Meeting meeting)
 
 void AppModel::takeReceipt(const QString &id, const Result<std::optional<QString>> &receipt)
 {
-    if (!receipt) {
-        m_retryAfter[id] = now() + pauseAfterFailure;
-        setNotice(sendFailed);
+    if (receipt) {
+        AlertRecord record = m_records.value(id);
+        record.phoneSent = true;
+        record.receipt = *receipt;
+        setRecord(id, record);
+    }
+    // Answered, switched off or gone while the message was on its way; one that failed may have arrived as
+    // well.
+    if (!isWanted(id)) {
+        launch(silencePhone(id));
         return;
     }
-    m_retryAfter.remove(id);
-    if (m_notice == sendFailed)
-        setNotice(std::nullopt);
-    AlertRecord record = m_records.value(id);
-    record.phoneSent = true;
-    record.receipt = *receipt;
-    setRecord(id, record);
-    // Answered, switched off or gone while the message was on its way.
-    if (!isWanted(id))
-        launch(silencePhone(id));
+    if (receipt) {
+        m_retryAfter.remove(id);
+        if (m_notice == sendFailed)
+            setNotice(std::nullopt);
+    } else {
+        m_retryAfter[id] = now() + pauseAfterFailure;
+        setNotice(sendFailed);
+    }
 }
 
-// By its tag: that reaches every message about the meeting, whoever sent it and however often.
+// By its tag: that reaches every message about the meeting, whoever sent it and however often. Tried again
+// while a message may still ring.
 QCoro::Task<> AppModel::silencePhone(QString id)
+{
+    if (m_notice == sendFailed)
+        setNotice(std::nullopt);
+    const QPointer<AppModel> self(this);
+    for (int attempt = 1; attempt <= silencingAttempts; ++attempt) {
+        const bool isSilenced = co_await cancelMessages(id);
+        if (!self || isSilenced || !m_records.value(id).phoneSent)
+            co_return;
+        co_await QCoro::sleepFor(silencingPause * attempt);
+        if (!self)
+            co_return;
+    }
+}
+
+QCoro::Task<bool> AppModel::cancelMessages(QString id)
 {
     const QPointer<AppModel> self(this);
     const bool hasToken = co_await hasPhoneToken();
     if (!self)
-        co_return;
-    if (hasToken) {
-        (void)co_await m_services.network.cancelTag(id);
-        co_return;
-    }
+        co_return false;
+    if (hasToken)
+        co_return (co_await m_services.network.cancelTag(id)).has_value();
     const std::optional<QString> receipt = m_records.value(id).receipt;
     if (m_serverConfigured || !receipt)
-        co_return;
+        co_return false;
     const auto cancelled = co_await m_services.network.cancel(*receipt);
     if (self && !cancelled)
         setNotice(u"Acknowledged on this Mac. Phone acknowledgment could not sync; retry from the phone."_s);
+    co_return cancelled.has_value();
 }
 
 void AppModel::receiptStep()
 {
-    if (isServerInCharge() || m_isPolling || now() - m_receiptAt <= receiptInterval)
-        return;
-    m_receiptAt = now();
-    launch(pollReceipts());
+    if (!isServerInCharge())
+        launch(pollReceipts());
 }
 
-// One after the other, so that the service sees two connections of ours at most.
+// One after the other, so that the service sees two connections of ours at most, and never twice within the
+// interval.
 QCoro::Task<> AppModel::pollReceipts()
 {
-    if (m_isPolling)
+    if (m_isPolling || now() - m_receiptAt <= receiptInterval)
         co_return;
     const QPointer<AppModel> self(this);
     m_isPolling = true;
+    m_receiptAt = now();
     const QHash<QString, QString> open = openReceipts();
     for (auto entry = open.begin(); entry != open.end(); ++entry) {
+        if (m_records.value(entry.key()).acknowledged)
+            continue; // answered here since the round began
         const auto answer = co_await m_services.network.receipt(entry.value());
         if (!self)
             co_return;
-        if (answer && answer->acknowledged == 1)
+        if (answer && answer->acknowledged == 1 && !m_records.value(entry.key()).acknowledged)
             launch(acknowledge(entry.key()));
-        else if (answer ? answer->expired == 1 : answer.error() == NetworkError::invalidResponse)
-            m_spentReceipts.insert(entry.value());
-        else if (!answer && answer.error() == NetworkError::rejected)
+        if (!answer && answer.error() == NetworkError::rejected) {
             m_receiptAt = now() + pauseAfterFailure; // the service shuts out who asks on and on
+            break;
+        }
+        if (answer ? answer->expired == 1 : answer.error() == NetworkError::invalidResponse)
+            m_spentReceipts.insert(entry.value());
     }
     m_isPolling = false;
 }
 
-// Those of all meetings whose message may still ring, also from before a restart.
+// Those of all meetings whose message may still ring: it does so for ten minutes at most, and never much past
+// two minutes after the start, which is as long as a meeting is known here.
 QHash<QString, QString> AppModel::openReceipts() const
 {
     QHash<QString, QString> open;
-    for (auto record = m_records.begin(); record != m_records.end(); ++record) {
-        if (!record->acknowledged && record->receipt && !m_spentReceipts.contains(*record->receipt))
-            open.insert(record.key(), *record->receipt);
+    for (const Meeting &meeting : m_calendarEvents) {
+        const AlertRecord record = m_records.value(meeting.id);
+        if (!record.acknowledged && record.receipt && !m_spentReceipts.contains(*record.receipt))
+            open.insert(meeting.id, *record.receipt);
     }
     return open;
 }

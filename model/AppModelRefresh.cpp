@@ -3,8 +3,8 @@
 
 #include "model/AppModel.h"
 
-#include "calendars/records/FantasticalCache.h"
 #include "async/Launch.h"
+#include "calendars/records/FantasticalCache.h"
 #include "model/SourceStatus.h"
 
 #include <QFileInfo>
@@ -100,6 +100,7 @@ void AppModel::applyReading()
     m_calendarEvents =
         MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings, ownFreshness(), now());
     chooseMeetings();
+    silenceAcknowledged(m_calendarEvents);
     closeOutdatedAlert();
     describeSources();
     // What the reading brought may be due already.

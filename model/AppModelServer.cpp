@@ -3,13 +3,15 @@
 
 #include "model/AppModel.h"
 
-#include "core/Characters.h"
 #include "async/Launch.h"
+#include "core/Characters.h"
 #include "model/ServerReport.h"
+#include "network/NetworkError.h"
 
 #include <QPointer>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +20,8 @@ namespace quorvane {
 namespace {
 
 constexpr qsizetype shortestServerToken = 32;
+/// In seconds.
+constexpr double exchangePause = 5;
 
 const QString ackFailed =
     u"Acknowledged on this Mac. Phone acknowledgment could not sync; retry from the phone."_s;
@@ -65,6 +69,8 @@ QCoro::Task<> AppModel::exchangeWithServer()
 {
     const QPointer<AppModel> self(this);
     m_serverAddressStored = !m_services.preferences.serverURL().isEmpty();
+    if (wasJustTold())
+        co_return;
     const std::optional<bool> configured = co_await readServerConfigured();
     if (!self)
         co_return;
@@ -81,17 +87,21 @@ QCoro::Task<> AppModel::exchangeWithServer()
         co_return;
     }
     takeServerState(*state);
-    const bool uploaded = co_await uploadSchedule();
+    const UploadOutcome uploaded = co_await uploadSchedule();
     if (!self)
         co_return;
-    if (uploaded)
-        judgeServer(*state);
-    else
-        countServerFailure();
+    judgeServer(*state, uploaded);
     if (state->health.delivery == u"ok"_s)
-        co_await resendAcknowledgments();
-    if (self && isServerInCharge())
-        launch(pollReceipts()); // of messages that this machine sent before the server was in charge again
+        launch(resendAcknowledgments());
+    launch(pollReceipts()); // also of messages that this machine sent before the server was in charge again
+}
+
+// Calendars that synchronise announce change after change; a server that knows all there is to know need not
+// hear of each.
+bool AppModel::wasJustTold() const
+{
+    return m_serverAddressStored && m_scheduleSynced && m_judgedRevision == m_scheduleRevision &&
+           m_pendingAcks.isEmpty() && std::abs(now() - m_judgedAt) < exchangePause;
 }
 
 void AppModel::countServerFailure()
@@ -102,63 +112,107 @@ void AppModel::countServerFailure()
         u"Server unreachable. Screen alerts remain active; phone backup starts after repeated failures."_s;
 }
 
-// An acknowledgment given on the phone counts here before the merged schedule can alert once more.
+// Before the merged schedule, in which it could alert once more, is made of it.
 void AppModel::takeServerState(const ServerState &state)
 {
     m_serverMeetings = state.events;
-    for (const QString &id : state.acknowledged) {
+    m_acknowledgedThere = QSet<QString>(state.acknowledged.begin(), state.acknowledged.end());
+    const QSet<QString> confirmed = m_pendingAcks & m_acknowledgedThere;
+    for (const QString &id : confirmed)
         settleAcknowledgment(id);
-        const bool isKnown =
-            m_records.contains(id) ||
-            std::ranges::any_of(m_calendarEvents, [&](const Meeting &meeting) { return meeting.id == id; });
-        if (isKnown && !m_records.value(id).acknowledged) {
-            markAcknowledged(id);
-            launch(silencePhone(id));
-        }
-    }
+    silenceAcknowledged(m_calendarEvents);
+    silenceAcknowledged(m_serverMeetings);
     applyReading();
 }
 
-// True when there was nothing to upload, too.
-QCoro::Task<bool> AppModel::uploadSchedule()
+// Only meetings that are known here: the server's list cannot fill the ledger.
+void AppModel::silenceAcknowledged(const std::vector<Meeting> &meetings)
 {
-    if (!m_services.preferences.uploadMacSnapshot())
-        co_return true;
-    const QPointer<AppModel> self(this);
-    const int revision = m_scheduleRevision;
-    const Result<OKResponse> answer = co_await m_services.network.snapshot(m_scheduledMeetings);
-    const bool isTaken = answer && answer->ok;
-    if (self && isTaken)
-        m_syncedRevision = revision;
-    co_return isTaken;
+    QStringList ids;
+    for (const Meeting &meeting : meetings) {
+        if (m_acknowledgedThere.contains(meeting.id) && !m_records.value(meeting.id).acknowledged)
+            ids.append(meeting.id);
+    }
+    for (const QString &id : std::as_const(ids)) {
+        markAcknowledged(id);
+        launch(silencePhone(id));
+    }
 }
 
-void AppModel::judgeServer(const ServerState &state)
+// What only the server knows stays its own, or it would live there for as long as we sent it back. A schedule
+// that lacks a store which has not said anything yet must not replace a whole one.
+QCoro::Task<AppModel::UploadOutcome> AppModel::uploadSchedule()
 {
-    const bool holdsAll = m_services.preferences.uploadMacSnapshot()
-                              ? m_syncedRevision == m_scheduleRevision
+    if (!m_services.preferences.uploadMacSnapshot())
+        co_return UploadOutcome::notWanted;
+    if (!m_services.calendarReader.hasAnswered())
+        co_return UploadOutcome::postponed;
+    const QPointer<AppModel> self(this);
+    const int revision = m_scheduleRevision;
+    const Result<OKResponse> answer = co_await m_services.network.snapshot(ownSchedule());
+    if (!answer || !answer->ok)
+        co_return UploadOutcome::failed;
+    if (self)
+        m_syncedRevision = revision;
+    co_return UploadOutcome::taken;
+}
+
+std::vector<Meeting> AppModel::ownSchedule() const
+{
+    std::vector<Meeting> own;
+    std::ranges::copy_if(m_scheduledMeetings, std::back_inserter(own), [this](const Meeting &meeting) {
+        return meeting.source == Meeting::systemSource || m_ownIDs.contains(meeting.id);
+    });
+    return own;
+}
+
+// A server that cannot deliver says so whether it takes the schedule or not.
+void AppModel::judgeServer(const ServerState &state, UploadOutcome uploaded)
+{
+    const bool isUploading = uploaded != UploadOutcome::notWanted;
+    const bool holdsAll = isUploading
+                              ? m_syncedRevision == m_scheduleRevision && uploaded == UploadOutcome::taken
                               : std::ranges::all_of(m_scheduledMeetings, [&](const Meeting &meeting) {
                                     return holds(state.events, meeting);
                                 });
     const auto report =
         ServerReport::of(state.health, holdsAll ? ScheduleState::synced : ScheduleState::unsynced);
+    if (report.canDeliver && uploaded == UploadOutcome::failed) {
+        countServerFailure();
+        return;
+    }
+    m_judgedAt = now();
+    m_judgedRevision = m_scheduleRevision;
     m_scheduleSynced = report.canDeliver && holdsAll;
     m_serverFailures = report.canDeliver ? 0 : failuresUntilBackup;
     m_cloudStatus = report.text;
 }
 
+// One that the server refuses does not hold up the others, nor is it sent for ever: once its meeting is over
+// nobody needs it.
 QCoro::Task<> AppModel::resendAcknowledgments()
 {
+    if (m_isResending)
+        co_return;
     const QPointer<AppModel> self(this);
+    m_isResending = true;
     const QStringList pending = m_pendingAcks.values();
     for (const QString &id : pending) {
         const Result<OKResponse> answer = co_await m_services.network.ack(id);
         if (!self)
             co_return;
-        if (!answer || !answer->ok)
-            co_return; // the next refresh tries again
-        settleAcknowledgment(id);
+        const bool isRefused = answer ? !answer->ok : answer.error() == NetworkError::rejected;
+        if (isRefused ? !isUpcoming(id) : answer.has_value())
+            settleAcknowledgment(id);
+        else if (!isRefused)
+            break; // out of reach; the next refresh tries again
     }
+    m_isResending = false;
+}
+
+bool AppModel::isUpcoming(const QString &id) const
+{
+    return std::ranges::any_of(m_calendarEvents, [&](const Meeting &meeting) { return meeting.id == id; });
 }
 
 void AppModel::settleAcknowledgment(const QString &id)
@@ -178,19 +232,27 @@ void AppModel::keepPendingAcks()
         setNotice(u"Cannot save acknowledgments. Check disk space and app permissions."_s);
 }
 
+// Owed from the first moment on, so that an end of the program in between loses nothing.
 QCoro::Task<> AppModel::tellServer(QString id)
 {
-    const QPointer<AppModel> self(this);
-    if (co_await readServerConfigured() == false || !self)
+    if (m_services.preferences.serverURL().isEmpty())
         co_return;
+    const QPointer<AppModel> self(this);
     m_pendingAcks.insert(id);
     keepPendingAcks();
+    const std::optional<bool> configured = co_await readServerConfigured();
+    if (!self)
+        co_return;
+    if (configured == false) {
+        settleAcknowledgment(id);
+        co_return;
+    }
     const Result<OKResponse> answer = co_await m_services.network.ack(id);
     if (!self)
         co_return;
     if (answer && answer->ok)
         settleAcknowledgment(id);
-    else
+    else if (m_pendingAcks.contains(id)) // not settled otherwise meanwhile
         setNotice(ackFailed);
 }
 

@@ -70,7 +70,9 @@ QCoro::Task<Result<std::optional<QString>>> Network::push(Meeting meeting, PushK
         co_return Failure(response.error());
     if (response->status != 1)
         co_return Failure(make_error_code(NetworkError::invalidResponse));
-    const std::optional<QString> receipt = response->receipt;
+    // One that could never be asked about is none.
+    const std::optional<QString> receipt =
+        response->receipt && isReceipt(*response->receipt) ? response->receipt : std::nullopt;
     co_return receipt;
 }
 

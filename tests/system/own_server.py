@@ -63,7 +63,8 @@ class OwnServer(SystemTest):
 
     def test_the_server_is_told_and_nobody_else(self):
         desktop = SwayDesktop(sizes=((1280, 720),))
-        program = self.start(desktop, QT_LOGGING_RULES="*=true;quorvane.alert.debug=true", QDBUS_DEBUG="1")
+        program = self.start(desktop, QT_LOGGING_RULES="*=true;quorvane.alert.debug=true", QDBUS_DEBUG="1",
+                             G_DBUS_DEBUG="all", G_MESSAGES_DEBUG="all")
         self.wait_request("GET /state")
         event = self.meeting_soon(program, TITLE, location=LINK)
         uploaded = json.loads(self.wait_request(TITLE))
