@@ -5,8 +5,8 @@
 
 #include "calendars/ical/EventAdapter.h"
 #include "calendars/ical/EventCollection.h"
-#include "calendars/linux/EvolutionError.h"
 #include "calendars/ical/TimeZoneResolver.h"
+#include "calendars/linux/EvolutionError.h"
 
 #include <string>
 

@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "calendars/records/CalendarEvent.h"
 #include "calendars/ical/EventCollection.h"
 #include "calendars/ical/GlibPointer.h"
 #include "calendars/ical/OwnAddresses.h"
+#include "calendars/records/CalendarEvent.h"
 #include "core/Result.h"
 
 #include <libecal/libecal.h>

@@ -3,8 +3,8 @@
 
 #include "calendars/linux/EvolutionService.h"
 
-#include "calendars/linux/EvolutionError.h"
 #include "calendars/ical/GlibPointer.h"
+#include "calendars/linux/EvolutionError.h"
 
 #include <memory>
 #include <optional>

@@ -3,8 +3,8 @@
 
 #include "calendars/linux/EvolutionSession.h"
 
-#include "calendars/linux/CallLimit.h"
 #include "calendars/ical/EventCollection.h"
+#include "calendars/linux/CallLimit.h"
 #include "calendars/linux/EvolutionError.h"
 #include "calendars/linux/EvolutionService.h"
 

@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "calendars/records/CalendarEvent.h"
-#include "calendars/records/CalendarOption.h"
-#include "calendars/linux/EvolutionCalendar.h"
 #include "calendars/ical/GlibPointer.h"
 #include "calendars/ical/OwnAddresses.h"
+#include "calendars/linux/EvolutionCalendar.h"
+#include "calendars/records/CalendarEvent.h"
+#include "calendars/records/CalendarOption.h"
 #include "core/Result.h"
 
 #include <libecal/libecal.h>

@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include "calendars/records/CalendarEvent.h"
-#include "calendars/records/CalendarOption.h"
-#include "calendars/linux/BoundedFile.h"
 #include "calendars/ical/FileEvents.h"
+#include "calendars/linux/BoundedFile.h"
 #include "calendars/linux/FolderScan.h"
 #include "calendars/linux/FolderWatch.h"
+#include "calendars/records/CalendarEvent.h"
+#include "calendars/records/CalendarOption.h"
 #include "core/Result.h"
 
 #include <QStringList>

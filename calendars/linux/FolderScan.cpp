@@ -3,8 +3,8 @@
 
 #include "calendars/linux/FolderScan.h"
 
-#include "calendars/linux/BoundedFile.h"
 #include "calendars/ical/CalendarText.h"
+#include "calendars/linux/BoundedFile.h"
 #include "posix/FileDescriptor.h"
 
 #include <QFile>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/FantasticalAccess.h"
 #include "async/OffThread.h"
+#include "calendars/FantasticalAccess.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,9 +3,9 @@
 
 #pragma once
 
+#include "async/Launch.h"
 #include "calendars/records/FantasticalCache.h"
 #include "model/AppModel.h"
-#include "async/Launch.h"
 #include "tests/support/AlertFixture.h"
 #include "tests/support/ManualTime.h"
 #include "tests/support/MemorySecrets.h"

@@ -113,13 +113,13 @@ void RecurrenceBudgetTest::aZoneBeyondMeasureIsUnknown()
     const QByteArray zone =
         "BEGIN:VTIMEZONE\nTZID:Odd\nBEGIN:STANDARD\nDTSTART:19700101T000000\n"
         "TZOFFSETFROM:+0500\nTZOFFSETTO:+0500\nRRULE:FREQ=%1\nEND:STANDARD\nEND:VTIMEZONE\n";
-    const auto startIn = [&zone](const char *frequency) {
+    const auto startingIn = [&zone](const char *frequency) {
         const FileEvents read = readWeek("DTSTART;TZID=Odd:20261123T120000\nDURATION:PT1H",
                                          QByteArray(zone).replace("%1", frequency));
         return static_cast<time_t>(read.events.front().start) - monday;
     };
-    QCOMPARE(startIn("YEARLY;BYMONTH=1;BYDAY=1SU"), time_t(7 * 3600));
-    QCOMPARE(startIn("SECONDLY"), time_t(11 * 3600)); // as in the user's own zone
+    QCOMPARE(startingIn("YEARLY;BYMONTH=1;BYDAY=1SU"), time_t(7 * 3600));
+    QCOMPARE(startingIn("SECONDLY"), time_t(11 * 3600)); // as in the user's own zone
 }
 
 QTEST_GUILESS_MAIN(RecurrenceBudgetTest)
