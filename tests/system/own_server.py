@@ -74,9 +74,10 @@ class OwnServer(SystemTest):
         program.wait_acknowledged(event.meeting_id())
         self.assertEqual(json.loads(self.wait_request("POST /ack")), {"id": event.meeting_id()})
 
-        children = subprocess.run(["ps", "-o", "pid=", "--ppid", str(program.process.pid)], capture_output=True, text=True,
-                                  check=True).stdout.split()
-        with open(f"/proc/{children[0]}/limits", encoding="utf-8") as limits:
+        terminal = program.process.pid
+        with open(f"/proc/{terminal}/task/{terminal}/children", encoding="utf-8") as children:
+            started = children.read().split()[0]
+        with open(f"/proc/{started}/limits", encoding="utf-8") as limits:
             self.assertRegex(limits.read(), r"Max core file size +1 ")
         self.assertEqual(program.stop(), 0)
         for where, text in self.left_behind(desktop, program):
