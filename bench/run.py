@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Quorvane authors
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Runs the benchmarks and prints their figures: ./dev bench [--quick] [functions|reading|delay|idle|showing ...]"""
+"""Runs the benchmarks and prints their figures: ./dev bench [--quick] [NAME ...], with the names of ALL below"""
 import argparse
 import os
 import sys
@@ -15,10 +15,12 @@ import functions  # noqa: E402
 import idle  # noqa: E402
 import reading  # noqa: E402
 import showing  # noqa: E402
+import ticking  # noqa: E402
 from desktop import DesktopError  # noqa: E402
 from table import print_table  # noqa: E402
 
-ALL = {"functions": functions, "reading": reading, "delay": delay, "idle": idle, "showing": showing}
+ALL = {"functions": functions, "reading": reading, "delay": delay, "idle": idle, "showing": showing,
+       "ticking": ticking}
 
 
 def main():

@@ -17,9 +17,12 @@ class MemorySecrets final : public SecretStore
 public:
     [[nodiscard]] QCoro::Task<Result<std::optional<QByteArray>>> read(QString account) override
     {
+        ++reads;
         const QFuture<void> held = hold.future();
         if (held.isRunning())
             co_await held;
+        if (failure)
+            co_return Failure(failure);
         co_return values.contains(account) ? std::optional(values[account]) : std::nullopt;
     }
 
@@ -32,6 +35,9 @@ public:
     QMap<QString, QByteArray> values;
     /// Started to let the reads wait.
     QPromise<void> hold;
+    /// What reads fail with, as those of a locked keyring.
+    std::error_code failure;
+    int reads = 0;
 };
 
 } // namespace quorvane
