@@ -58,7 +58,7 @@ class SystemTest(unittest.TestCase):
         folder = tempfile.mkdtemp(dir=desktop.folder)
         return [Picture(path) for path in desktop.screenshot(folder)]
 
-    def assert_alert_on_every_display(self, desktop, seconds=4):
+    def assert_alert_on_every_display(self, desktop, seconds=10):
         """Every display shows the alert, once its fade-in is over. Returns the pictures."""
         deadline = time.monotonic() + seconds
         while True:
