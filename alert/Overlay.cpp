@@ -65,7 +65,7 @@ void Overlay::show(const Meeting &event, std::function<void()> acknowledge, std:
 
 void Overlay::prepare(const Meeting &event)
 {
-    if (m_panels != nullptr && m_panels->event() == event)
+    if (m_panels != nullptr && m_panels->meeting() == event)
         return;
     PanelSet *prepared = takePrepared(event);
     if (prepared == nullptr) {
@@ -112,7 +112,7 @@ PanelSet *Overlay::takePrepared(const Meeting &event)
 {
     if (m_prepared == nullptr)
         return nullptr;
-    if (m_prepared->event() == event && m_prepared->covers(QGuiApplication::screens())) {
+    if (m_prepared->meeting() == event && m_prepared->covers(QGuiApplication::screens())) {
         m_preparedTimer.stop();
         return std::exchange(m_prepared, nullptr);
     }

@@ -32,7 +32,7 @@ public:
              const MotionPreference &motion, QObject *parent);
     ~PanelSet() override;
 
-    [[nodiscard]] const Meeting &event() const { return m_takeover.event(); }
+    [[nodiscard]] const Meeting &meeting() const { return m_takeover.meeting(); }
 
     /// Whether there is a panel for exactly these displays, in this order.
     [[nodiscard]] bool covers(const QList<QScreen *> &screens) const;

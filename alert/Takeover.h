@@ -55,7 +55,7 @@ public:
     Takeover(Meeting event, std::function<void()> acknowledge, std::function<void()> snooze,
              LinkOpener &opener, const MotionPreference &motion, QObject *parent = nullptr, Clock now = {});
 
-    [[nodiscard]] const Meeting &event() const { return m_event; }
+    [[nodiscard]] const Meeting &meeting() const { return m_event; }
 
     /// Starts the once-per-second redraw and the motion. Before that the view shows the state of the moment
     /// of construction.
