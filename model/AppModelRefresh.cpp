@@ -94,8 +94,9 @@ void AppModel::applyReading()
     const QStringList excluded = m_services.preferences.excludedCalendars();
     std::vector<Meeting> local = m_services.calendarReader.events(now(), excluded);
     const std::vector<Meeting> second = m_fantastical.meetings(excluded);
-    m_freshCalendarEventCount =
-        static_cast<qsizetype>(local.size() + (m_fantastical.isConnected() ? second.size() : 0));
+    m_freshCalendarEventCount = static_cast<qsizetype>(local.size());
+    if (m_fantastical.isConnected())
+        m_freshCalendarEventCount += static_cast<qsizetype>(second.size());
     std::ranges::copy(second, std::back_inserter(local));
     m_calendarEvents =
         MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings, ownFreshness(), now());

@@ -178,18 +178,21 @@ void NetworkTest::anAlertFitsTheService()
 
 void NetworkTest::theServicesAnswerIsJudged()
 {
-    const QList<std::pair<QString, std::error_code>> answers{{u"{\"status\":1,\"request\":[]}"_s, success},
-                                                             {u"{\"status\":1,\"receipt\":\"r\"}"_s, success},
-                                                             {u"{\"status\":0}"_s, invalidResponse},
-                                                             {u"{}"_s, JsonError::missingKey},
-                                                             {u"{\"status\":1.5}"_s, JsonError::wrongType},
-                                                             {u"[1]"_s, JsonError::notJson},
-                                                             {QString(), JsonError::notJson}};
+    const QString receipt(30, u'R');
+    const QList<std::pair<QString, std::error_code>> answers{
+        {u"{\"status\":1,\"request\":[]}"_s, success},
+        {u"{\"status\":1,\"receipt\":\"r\"}"_s, success},
+        {u"{\"status\":1,\"receipt\":\"%1\"}"_s.arg(receipt), success},
+        {u"{\"status\":0}"_s, invalidResponse},
+        {u"{}"_s, JsonError::missingKey},
+        {u"{\"status\":1.5}"_s, JsonError::wrongType},
+        {u"[1]"_s, JsonError::notJson},
+        {QString(), JsonError::notJson}};
     for (const auto &[answer, error] : answers) {
         peer->tell({{u"body"_s, answer}});
         const Result<std::optional<QString>> result = wait(network->push(budget, PushKind::alert));
         QVERIFY2(failure(result) == error, qPrintable(answer));
-        const QString expected = answer.contains(u"receipt"_s) ? u"r"_s : QString();
+        const QString expected = answer.contains(receipt) ? receipt : QString();
         QCOMPARE(result.value_or(std::nullopt).value_or(QString()), expected);
     }
     QCOMPARE(peer->requests().size(), answers.size());
