@@ -114,7 +114,7 @@ QCoro::Task<> AppModel::silencePhone(QString id)
     const QPointer<AppModel> self(this);
     for (int attempt = 1; attempt <= silencingAttempts; ++attempt) {
         const bool isSilenced = co_await cancelMessages(id);
-        if (!self || isSilenced || !m_records.value(id).phoneSent)
+        if (!self || isSilenced)
             co_return;
         co_await QCoro::sleepFor(silencingPause * attempt);
         if (!self)
@@ -122,17 +122,23 @@ QCoro::Task<> AppModel::silencePhone(QString id)
     }
 }
 
+/// Whether nothing is left to be done.
 QCoro::Task<bool> AppModel::cancelMessages(QString id)
 {
     const QPointer<AppModel> self(this);
     const bool hasToken = co_await hasPhoneToken();
     if (!self)
         co_return false;
-    if (hasToken)
-        co_return (co_await m_services.network.cancelTag(id)).has_value();
+    if (hasToken) {
+        // What the service has refused it does not want to hear again; only what did not reach it is
+        // repeated.
+        const auto cancelled = co_await m_services.network.cancelTag(id);
+        co_return cancelled ||
+            cancelled.error().category() == make_error_code(NetworkError::rejected).category();
+    }
     const std::optional<QString> receipt = m_records.value(id).receipt;
-    if (m_serverConfigured || !receipt)
-        co_return false;
+    if (m_serverConfigured || !receipt) // nothing of ours rings, or the keyring has to answer first
+        co_return !m_records.value(id).phoneSent;
     const auto cancelled = co_await m_services.network.cancel(*receipt);
     if (self && !cancelled)
         setNotice(u"Acknowledged on this Mac. Phone acknowledgment could not sync; retry from the phone."_s);
