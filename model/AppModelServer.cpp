@@ -112,7 +112,6 @@ void AppModel::countServerFailure()
         u"Server unreachable. Screen alerts remain active; phone backup starts after repeated failures."_s;
 }
 
-// Before the merged schedule, in which it could alert once more, is made of it.
 void AppModel::takeServerState(const ServerState &state)
 {
     m_serverMeetings = state.events;
@@ -120,9 +119,7 @@ void AppModel::takeServerState(const ServerState &state)
     const QSet<QString> confirmed = m_pendingAcks & m_acknowledgedThere;
     for (const QString &id : confirmed)
         settleAcknowledgment(id);
-    silenceAcknowledged(m_calendarEvents);
-    silenceAcknowledged(m_serverMeetings);
-    applyReading();
+    applyReading(); // which silences what is acknowledged there, before it looks for what is due
 }
 
 // Only meetings that are known here: the server's list cannot fill the ledger.
