@@ -16,13 +16,20 @@ set(QUORVANE_ROOMS
   "calendars/linux:core async posix process calendars calendars/records calendars/ical"
   "ui/dialogs:core async calendars"
   "calendar-reader:core posix calendars/records calendars/ical"
-  "alert:core ui/format"
-  "alert/linux:core ui/format alert"
+  "ui/components:core"
+  "ui/components/linux:core async ui/components"
+  "alert:core ui/format ui/components"
+  "alert/linux:core ui/format ui/components alert"
   "network:core async"
   "network/linux:core async network"
   "model:core async ui/format process calendars calendars/records alert network"
   "model/linux:core async ui/format process calendars calendars/records alert model"
-  "app:core async posix process process/linux ui/format ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux")
+  "ui/agenda:core async ui/format ui/components calendars/records model"
+  "ui/calendars:core async ui/format ui/components calendars calendars/records model"
+  "ui/settings:core async ui/format ui/components model"
+  "ui/sheet:core async ui/format ui/components model"
+  "ui/dashboard:core async ui/format ui/components ui/agenda ui/calendars ui/settings ui/sheet model"
+  "app:core async posix process process/linux ui/format ui/components ui/components/linux ui/agenda ui/calendars ui/settings ui/sheet ui/dashboard ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux")
 
 # quorvane_room(PATH [ROOMS room...] [LINK library...] [PRIVATE_LINK library...] SOURCES file...)
 # One static library per room, named quorvane_<path with underscores>.

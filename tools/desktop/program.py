@@ -57,7 +57,8 @@ class Program:
         # Which of Qt's platforms suits the session is for the program to find out.
         command = [binary(), *self.arguments]
         if self.in_terminal:
-            command = ["script", "-qefc", shlex.join(command), "/dev/null"]
+            # Not every shell gives its place to the last command on its own; the process asked about is the program.
+            command = ["script", "-qefc", "exec " + shlex.join(command), "/dev/null"]
         self.process = self.desktop.start("quorvane", command, without=("QT_QPA_PLATFORM",),
                                           **self.environment)
 
