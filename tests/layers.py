@@ -13,7 +13,7 @@ import sys
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"')
 IMPORT = re.compile(r"^\s*import\s+(?:\"([^\"]+)\"|([A-Z][\w.]*))")
-URI = re.compile(r"qt_add_qml_module\([^)]*?\bURI\s+([\w.]+)", re.S)
+URI = re.compile(r"(?:qt_add|quorvane)_qml_module\([^)]*?\bURI\s+([\w.]+)", re.S)
 SKIPPED = ("build", ".git", "docs", "packaging")
 
 
