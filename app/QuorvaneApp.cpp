@@ -130,6 +130,9 @@ QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment
         .wakes = m_parts->wakes,
         .activities = m_parts->activities,
         .ledgerFile = UserFolders::ledgerFile(),
+        .opener = m_parts->opener,
+        .folderChooser = m_parts->folderChooser,
+        .useCalendarFolders = [](const QStringList &, const QStringList &) {},
     };
     m_model = std::make_unique<AppModel>(modeOf(arguments), services);
     if (arguments.contains(u"--preview-overlay"_s))

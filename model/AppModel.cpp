@@ -21,6 +21,8 @@ AppModel::AppModel(Mode mode, const AppModelServices &services, QObject *parent)
     , m_mode(mode)
     , m_services(services)
     , m_ledger(services.ledgerFile)
+    , m_manual(services.secrets)
+    , m_credentials(services.secrets)
 {
     if (m_mode == Mode::preview) {
         fillWithSample();

@@ -6,9 +6,19 @@
 #include "calendars/records/CalendarOption.h"
 #include "core/AlertRecord.h"
 #include "core/MeetingSelection.h"
+#include "core/Switch.h"
 #include "model/AcknowledgmentLedger.h"
 #include "model/AppModelServices.h"
+#include "model/Credentials.h"
 #include "model/FantasticalSource.h"
+#include "model/ManualMeetings.h"
+#include "model/NoticeKind.h"
+#include "model/PhoneHealth.h"
+#include "model/PreviewContent.h"
+#include "model/SettingsOutcome.h"
+#include "model/SettingsWatch.h"
+#include "model/SourceHealth.h"
+#include "model/UserSettings.h"
 
 #include <QCoroTask>
 #include <QDateTime>
@@ -56,7 +66,7 @@ public:
     [[nodiscard]] const std::vector<Meeting> &scheduledMeetings() const { return m_scheduledMeetings; }
     [[nodiscard]] bool isScheduled(const Meeting &meeting) const;
     [[nodiscard]] const MeetingChoices &selectionOverrides() const { return m_selectionOverrides; }
-    [[nodiscard]] const std::vector<Meeting> &manualMeetings() const { return m_manualMeetings; }
+    [[nodiscard]] const std::vector<Meeting> &manualMeetings() const { return m_manual.meetings(); }
     /// The calendars of the system's stores.
     [[nodiscard]] const std::vector<CalendarOption> &calendars() const { return m_calendars; }
     /// The calendars of the second source, as its last good reading found them.
@@ -64,6 +74,8 @@ public:
     {
         return m_fantastical.snapshot().calendars;
     }
+    /// How each account's calendars are doing, by name.
+    [[nodiscard]] const std::vector<SourceHealth> &sources() const { return m_sources; }
     [[nodiscard]] const AlertRecords &records() const { return m_records; }
 
     /// One line on the calendar sources and the schedule.
@@ -83,6 +95,7 @@ public:
     [[nodiscard]] const std::vector<Meeting> &localMeetings() const;
     /// A passing message for the user.
     [[nodiscard]] const std::optional<QString> &notice() const { return m_notice; }
+    [[nodiscard]] NoticeKind noticeKind() const { return m_noticeKind; }
     /// A calendar store has answered.
     [[nodiscard]] bool calendarAccess() const { return m_calendarAccess; }
     [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
@@ -95,6 +108,18 @@ public:
     [[nodiscard]] qsizetype freshCalendarEventCount() const { return m_freshCalendarEventCount; }
     /// Screen alerts stay away until this moment.
     [[nodiscard]] const std::optional<QDateTime> &pausedUntil() const { return m_pausedUntil; }
+    /// Unix time in seconds, by the model's clock.
+    [[nodiscard]] double now() const { return m_services.clock.now(); }
+
+    [[nodiscard]] const QStringList &excludedCalendars() const { return m_settings.excludedCalendars; }
+    [[nodiscard]] bool soundEnabled() const { return m_settings.soundEnabled; }
+    [[nodiscard]] bool uploadMacSnapshot() const { return m_settings.uploadMacSnapshot; }
+    [[nodiscard]] const QString &serverURL() const { return m_settings.serverURL; }
+    /// Whether `url` may be stored: it is empty or an address that the server's protocol can use.
+    [[nodiscard]] bool acceptsServerURL(const QString &url) const;
+    /// What `loadCredentialHints` found last.
+    [[nodiscard]] const CredentialHints &credentialHints() const { return m_credentialHints; }
+    [[nodiscard]] const PhoneHealth &phoneHealth() const { return m_phoneHealth; }
 
     /// Reads all sources anew and recomputes everything. Returns at once while one is under way.
     QCoro::Task<> refresh();
@@ -117,7 +142,54 @@ public:
     /// Writes the ledger.
     void save();
 
+    /// Lets the meeting alert or keeps it from it, whatever it is, and refreshes.
+    QCoro::Task<> setScheduled(Meeting meeting, Switch enabled);
+    /// Adds a meeting that is in no calendar, `start` Unix time in seconds and `duration` in minutes, and
+    /// refreshes. Refused without any effect are a title or link that is too long, a start that is not within
+    /// the next 14 days, a duration below 1, and a link that is neither empty nor safe to open.
+    QCoro::Task<> addMeeting(QString title, double start, int duration, QString link);
+    /// Forgets a hand-added meeting, closes its alert, silences the phone and refreshes.
+    QCoro::Task<> deleteManualMeeting(Meeting meeting);
+    /// Writes the choices, the hand-added meetings and the ledger.
+    QCoro::Task<> persistMeetingChoices();
+    /// Opens the meeting's link in the browser; a failure becomes a notice.
+    void join(const Meeting &meeting);
+    void dismissNotice();
+    /// Reads or leaves out the calendar from now on.
+    QCoro::Task<> setCalendarEnabled(QString id, Switch enabled);
+    /// Lets the user choose a folder of calendars, then reads it.
+    QCoro::Task<> connectCalendarFolder();
+    /// Forgets a folder that was connected; its files stay as they are.
+    QCoro::Task<> disconnectCalendarFolder(QString folder);
+
+    void setSoundEnabled(Switch enabled);
+    QCoro::Task<> setUploadMacSnapshot(Switch enabled);
+    /// Stores credentials and hands those of the phone service to the user's server.
+    QCoro::Task<SettingsOutcome> saveCredentials(CredentialEdits edits);
+    /// Stores the address of the user's server and its token, then refreshes. An address that cannot be used
+    /// is refused.
+    QCoro::Task<SettingsOutcome> saveServer(QString url, CredentialEdits edits);
+    /// Sends a message to the phone from this machine, or has the user's server send one.
+    QCoro::Task<SettingsOutcome> testPhone();
+    QCoro::Task<SettingsOutcome> testServer();
+    /// Takes the schedule off the user's server and shares none any more.
+    QCoro::Task<SettingsOutcome> removeSharedSchedule();
+    /// Asks the keyring what is stored; it tells how each value ends and no more.
+    QCoro::Task<> loadCredentialHints();
+
+    /// Shows `content`. In preview mode only.
+    void showPreview(PreviewContent content);
+
 Q_SIGNALS:
+    /// A second has passed.
+    void ticked();
+    void settingsChanged();
+    void credentialHintsChanged();
+    void sourcesChanged();
+    /// The calendars, or which of them are left out.
+    void calendarsChanged();
+    void phoneHealthChanged();
+    /// The meetings, the events, the hand-added ones or the choices.
     void meetingsChanged();
     void recordsChanged();
     void statusChanged();
@@ -133,7 +205,6 @@ private:
     void beginLiveWork();
     void fillWithSample();
     [[nodiscard]] Meeting sampleMeeting() const;
-    [[nodiscard]] double now() const { return m_services.clock.now(); }
 
     // AppModelRefresh.cpp: reading and its outcome.
     QCoro::Task<> readFantastical(QStringList excluded);
@@ -187,7 +258,7 @@ private:
     void expirePause();
     void mendTimes();
     void setPausedUntil(const std::optional<QDateTime> &until);
-    void setNotice(const std::optional<QString> &notice);
+    void setNotice(const std::optional<QString> &notice, NoticeKind kind = NoticeKind::problem);
     void setRecord(const QString &id, const AlertRecord &record);
     void markAcknowledged(const QString &id);
     [[nodiscard]] const Meeting *firstDue(double at) const;
@@ -201,7 +272,7 @@ private:
     std::vector<Meeting> m_calendarEvents;
     std::vector<Meeting> m_scheduledMeetings;
     MeetingChoices m_selectionOverrides;
-    std::vector<Meeting> m_manualMeetings;
+    ManualMeetings m_manual;
     /// The schedule last confirmed by the user's own server.
     std::vector<Meeting> m_serverMeetings;
     std::optional<QDateTime> m_lastSuccessfulRead;
@@ -216,6 +287,7 @@ private:
     std::optional<QDateTime> m_lastRefresh;
     QString m_cloudStatus;
     std::optional<QString> m_notice;
+    NoticeKind m_noticeKind = NoticeKind::problem;
     std::optional<QDateTime> m_pausedUntil;
     AlertRecords m_records;
     /// Whether the ledger holds `m_records`.
@@ -252,6 +324,12 @@ private:
     std::unique_ptr<ActivityToken> m_activity;
     QTimer m_changeDelay;
     QString m_preparedID;
+    UserSettings m_settings;
+    SettingsWatch m_settingsWatch;
+    Credentials m_credentials;
+    CredentialHints m_credentialHints;
+    PhoneHealth m_phoneHealth;
+    std::vector<SourceHealth> m_sources;
 };
 
 } // namespace quorvane

@@ -39,6 +39,7 @@ void AppModel::tick()
     phoneStep();
     alertStep();
     receiptStep();
+    Q_EMIT ticked();
 }
 
 void AppModel::alertStep()
@@ -201,11 +202,12 @@ void AppModel::setPausedUntil(const std::optional<QDateTime> &until)
     Q_EMIT pausedUntilChanged();
 }
 
-void AppModel::setNotice(const std::optional<QString> &notice)
+void AppModel::setNotice(const std::optional<QString> &notice, NoticeKind kind)
 {
-    if (m_notice == notice)
+    if (m_notice == notice && m_noticeKind == kind)
         return;
     m_notice = notice;
+    m_noticeKind = kind;
     Q_EMIT noticeChanged();
 }
 

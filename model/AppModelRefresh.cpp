@@ -99,7 +99,7 @@ void AppModel::applyReading()
         m_freshCalendarEventCount += static_cast<qsizetype>(second.size());
     std::ranges::copy(second, std::back_inserter(local));
     m_calendarEvents =
-        MeetingSelection::candidates(local, m_serverMeetings, m_manualMeetings, ownFreshness(), now());
+        MeetingSelection::candidates(local, m_serverMeetings, m_manual.meetings(), ownFreshness(), now());
     chooseMeetings();
     silenceAcknowledged(m_calendarEvents);
     closeOutdatedAlert();

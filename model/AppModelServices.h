@@ -3,10 +3,12 @@
 
 #pragma once
 
+#include "alert/LinkOpener.h"
 #include "alert/Overlay.h"
 #include "calendars/CalendarReader.h"
 #include "calendars/FantasticalAccess.h"
 #include "calendars/FantasticalReader.h"
+#include "calendars/FolderChooser.h"
 #include "model/Clock.h"
 #include "model/Preferences.h"
 #include "model/ProcessActivities.h"
@@ -16,6 +18,9 @@
 #include "network/Secrets.h"
 
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 namespace quorvane {
 
@@ -35,6 +40,11 @@ struct AppModelServices
     ProcessActivities &activities;
     /// Path of "acknowledgments.json".
     QString ledgerFile;
+    LinkOpener &opener;
+    FolderChooser &folderChooser;
+    /// Has the calendars in `folders`, beside the program's own one, read from now on, where `ownAddresses`
+    /// are the user's. Returns at once; the reading follows by the reader's `changed`.
+    std::function<void(const QStringList &folders, const QStringList &ownAddresses)> useCalendarFolders;
 };
 
 } // namespace quorvane

@@ -8,6 +8,8 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <optional>
+
 namespace quorvane {
 
 /// One calendar that the user may switch off.
@@ -18,11 +20,13 @@ struct CalendarOption
     QString name;
     /// Title of the account that the calendar belongs to.
     QString account;
+    /// The colour that the source shows it in, as "#rrggbb".
+    std::optional<QString> color = std::nullopt;
 
     bool operator==(const CalendarOption &) const = default;
 
     [[nodiscard]] QJsonObject toJson() const;
-    /// All keys are required; fails with `JsonError`.
+    /// All keys but "color" are required; fails with `JsonError`.
     [[nodiscard]] static Result<CalendarOption> fromJson(const QJsonObject &object);
 };
 

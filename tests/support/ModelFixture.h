@@ -63,7 +63,13 @@ public:
                                         ticks,
                                         wakes,
                                         activities,
-                                        ledgerFile()};
+                                        ledgerFile(),
+                                        alert.opener,
+                                        chooser,
+                                        [this](const QStringList &folders, const QStringList &addresses) {
+                                            usedFolders = folders;
+                                            usedAddresses = addresses;
+                                        }};
         model = std::make_unique<AppModel>(mode, services);
     }
 
@@ -126,6 +132,9 @@ public:
     FantasticalAccess fantasticalAccess{dir.path(), chooser, [this](const QString &folder) {
                                             return preferences.setFantasticalFolder(folder);
                                         }};
+    /// The folders and addresses that calendars are read with.
+    QStringList usedFolders;
+    QStringList usedAddresses;
     MemorySecrets keyring;
     Secrets secrets{keyring};
     /// Where the phone service and the pinned certificate are; nowhere, unless a test has them.
