@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/settings/PackagedUpdates.h"
+
+#include <QCoreApplication>
+
+namespace quorvane {
+
+QString PackagedUpdates::version() const
+{
+    return tr("Version %1").arg(QCoreApplication::applicationVersion());
+}
+
+} // namespace quorvane

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Quorvane.Components
+import Quorvane.Settings
+
+/// The groups of settings in two columns, or one below the other where there is no room for two.
+Item {
+    id: page
+
+    required property SettingsForm settings
+
+    readonly property real margin: width < 688 ? 18 : 26
+    readonly property real contentWidth: Math.min(1180, width - 2 * margin)
+    readonly property bool isSplit: contentWidth >= 720
+    readonly property real columnWidth: isSplit ? (contentWidth - gap) / 2 : contentWidth
+    readonly property real gap: 18
+
+    onVisibleChanged: if (visible)
+        settings.reload()
+    Component.onCompleted: settings.reload()
+
+    ScrollArea {
+        anchors.fill: parent
+        contentHeight: Math.max(left.y + left.height, right.y + right.height) + page.margin
+
+        PageHeading {
+            x: page.margin
+            y: 20
+            width: page.contentWidth
+            title: qsTr("Settings")
+        }
+
+        Column {
+            id: left
+
+            x: page.margin
+            y: 80
+            width: page.columnWidth
+            spacing: page.gap
+
+            AlertGroup {
+                width: parent.width
+                alerts: page.settings.alerts
+            }
+            ServerGroup {
+                width: parent.width
+                server: page.settings.server
+            }
+        }
+
+        Column {
+            id: right
+
+            x: page.margin + (page.isSplit ? page.columnWidth + page.gap : 0)
+            y: page.isSplit ? left.y : left.y + left.height + page.gap
+            width: page.columnWidth
+            spacing: page.gap
+
+            PhoneGroup {
+                width: parent.width
+                phone: page.settings.phone
+            }
+            UpdateGroup {
+                width: parent.width
+                updates: page.settings.updates
+            }
+        }
+    }
+}
