@@ -16,7 +16,6 @@
 #include "calendars/linux/FolderStore.h"
 #include "calendars/linux/PortalFolderChooser.h"
 #include "model/linux/SecondTicker.h"
-#include "model/linux/SystemClock.h"
 #include "model/linux/SystemWakeSource.h"
 #include "model/linux/TimerSlackActivities.h"
 #include "network/PinnedCertificate.h"
@@ -86,13 +85,14 @@ AppModel::Mode modeOf(const QStringList &arguments)
 /// In the order in which they are built; each uses only what stands above it.
 struct QuorvaneApp::Parts
 {
-    explicit Parts(const QProcessEnvironment &environment)
-        : opener(environment)
+    Parts(const QProcessEnvironment &environment, const Clock &time)
+        : clock(time)
+        , opener(environment)
     {
     }
 
     Preferences preferences{UserFolders::settingsFile()};
-    SystemClock clock;
+    const Clock &clock;
     SecondTicker ticks;
     SystemWakeSource wakes{ticks};
     TimerSlackActivities activities;
@@ -114,8 +114,9 @@ struct QuorvaneApp::Parts
         {*placement, chime, waker, opener, motion, [this] { return preferences.soundEnabled(); }}};
 };
 
-QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment)
-    : m_parts(std::make_unique<Parts>(environment))
+QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment,
+                         const Clock &clock)
+    : m_parts(std::make_unique<Parts>(environment, clock))
 {
     const AppModelServices services{
         .calendarReader = m_parts->calendarReader,

@@ -19,8 +19,8 @@ class QuorvaneApp final
 {
 public:
     /// `environment` is what programs that this one starts (the browser) get; take it before anything is set
-    /// for Qt.
-    QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment);
+    /// for Qt. `clock` outlives the application.
+    QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment, const Clock &clock);
     ~QuorvaneApp();
 
     [[nodiscard]] AppModel &model() const { return *m_model; }

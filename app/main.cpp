@@ -6,6 +6,7 @@
 #include "app/QuitSignals.h"
 #include "app/QuorvaneApp.h"
 #include "app/QuorvaneCLI.h"
+#include "model/linux/SystemClock.h"
 
 #include <QGuiApplication>
 
@@ -42,7 +43,8 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     QGuiApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
-    quorvane::QuorvaneApp quorvane(arguments, environment);
+    const quorvane::SystemClock clock;
+    quorvane::QuorvaneApp quorvane(arguments, environment, clock);
     if (::isatty(STDOUT_FILENO) != 0)
         quorvane.reportTo(stdout);
     const int status = QGuiApplication::exec();
