@@ -1,11 +1,11 @@
 # SPDX-FileCopyrightText: 2026 The Quorvane authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# quorvane_qml_module(PATH URI uri FILES name... [SINGLETONS name...])
+# quorvane_qml_module(PATH URI uri FILES name... [SINGLETONS name...] [EVERYWHERE])
 # Makes the room's views, PATH/qml/NAME.qml, a QML module that is part of the room's library: a class of the room
-# registers it by name, so there is no plugin to find.
+# registers it by name, so there is no plugin to find. EVERYWHERE puts it where every engine looks by itself.
 function(quorvane_qml_module path)
-  cmake_parse_arguments(module "" "URI" "FILES;SINGLETONS" ${ARGN})
+  cmake_parse_arguments(module "EVERYWHERE" "URI" "FILES;SINGLETONS" ${ARGN})
   quorvane_room_target(${path} target)
   set(files "")
   foreach(name IN LISTS module_FILES)
@@ -16,11 +16,15 @@ function(quorvane_qml_module path)
     set_source_files_properties(qml/${name}.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
   endforeach()
   string(REPLACE "." "/" folder ${module_URI})
+  set(prefix "/")
+  if(module_EVERYWHERE)
+    set(prefix "/qt-project.org/imports")
+  endif()
   qt_add_qml_module(${target}
     URI ${module_URI}
     VERSION 1.0
     NO_PLUGIN
-    RESOURCE_PREFIX /
+    RESOURCE_PREFIX ${prefix}
     DEPENDENCIES QtQuick
     OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${folder}"
     QML_FILES ${files})

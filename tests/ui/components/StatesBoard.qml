@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Quorvane.Components
+
+/// Every control in each of its states.
+Rectangle {
+    id: board
+
+    readonly property var states: ["Default", "Hover", "Pressed", "Focus", "Disabled"]
+    readonly property var buttons: [{ text: "Save", icon: "", kind: ActionButton.Primary },
+        { text: "Pause", icon: Icons.pause, kind: ActionButton.Secondary },
+        { text: "Cancel", icon: "", kind: ActionButton.Quiet }, { text: "Remove", icon: "", kind: ActionButton.Danger }]
+
+    color: Theme.canvas
+
+    Label {
+        x: 24
+        y: 367
+        style: Label.CardHead
+        text: "Buttons"
+    }
+
+    Repeater {
+        model: board.states
+
+        Label {
+            required property int index
+            required property string modelData
+
+            x: 24 + 160 * index
+            y: 398
+            style: Label.Caption
+            font.weight: Font.Medium
+            color: Theme.text3
+            text: modelData
+        }
+    }
+
+    Repeater {
+        model: 20
+
+        ActionButton {
+            required property int index
+            readonly property int column: index % 5
+            readonly property var about: board.buttons[Math.floor(index / 5)]
+
+            objectName: about.text + " " + board.states[column]
+            x: 24 + 160 * column
+            y: 429 + 52 * Math.floor(index / 5)
+            text: about.text
+            icon: about.icon
+            kind: about.kind
+            showsHover: column === 1
+            showsPress: column === 2
+            showsFocus: column === 3
+            enabled: column !== 4
+        }
+    }
+
+    Label {
+        x: 24
+        y: 654
+        style: Label.CardHead
+        text: "Switch"
+    }
+
+    Repeater {
+        model: 5
+
+        ToggleSwitch {
+            required property int index
+
+            objectName: "switch " + index
+            x: 110 + 56 * index
+            y: 647
+            name: "Switch " + index
+            checked: index % 2 === 0
+            showsFocus: index === 2 || index === 3
+            enabled: index !== 4
+        }
+    }
+
+    Repeater {
+        model: [Icons.video, Icons.trash, Icons.refresh, Icons.close]
+
+        IconButton {
+            required property int index
+            required property string modelData
+
+            objectName: "icon " + index
+            x: 420 + 46 * index
+            y: 647
+            icon: modelData
+            name: "Icon " + index
+            raised: index < 2
+            ink: index === 0 ? Theme.text : Theme.text2
+            showsFocus: index === 2
+        }
+    }
+
+    Label {
+        x: 880
+        y: 367
+        style: Label.CardHead
+        text: "Fields"
+    }
+
+    TextBox {
+        objectName: "field"
+        x: 880
+        y: 398
+        width: 472
+        label: "Meeting name"
+        placeholder: "What should the alert say?"
+    }
+
+    TextBox {
+        objectName: "focused field"
+        x: 880
+        y: 479
+        width: 472
+        focus: true
+        label: "Focus"
+        text: "Call the school"
+    }
+
+    TextBox {
+        objectName: "wrong field"
+        x: 880
+        y: 560
+        width: 472
+        label: "Error"
+        text: "zoom/j/8812"
+        icon: Icons.link
+        error: "Start the link with https://"
+    }
+}

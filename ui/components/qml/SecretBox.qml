@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Quorvane.Components
+
+/// A labelled field for something secret. What is stored never comes here: of it, `saved` has the last characters only,
+/// which stand behind dots until something else is typed.
+FocusScope {
+    id: box
+
+    required property string label
+    /// The last characters of what is stored; empty if nothing is.
+    property string saved: ""
+    /// What was typed to replace it.
+    property alias value: input.text
+    property string hint: ""
+    property string error: ""
+    property alias showsFocus: input.showsFocus
+
+    /// Whether what is stored is to be replaced by `value`, or cleared if that is empty.
+    readonly property bool touched: erased || value !== ""
+    property bool erased: false
+    readonly property bool showsSaved: saved !== "" && !touched
+
+    /// The person has typed. Empty: what is stored stays.
+    signal edited(string text)
+    /// What is stored is to be forgotten.
+    signal cleared
+
+    /// Forgets what was typed and shows what is stored.
+    function reset() : void {
+        erased = false;
+        input.clear();
+    }
+
+    onSavedChanged: reset()
+
+    implicitWidth: 240
+    implicitHeight: note.visible ? note.y + note.height : input.y + input.height
+
+    Label {
+        id: caption
+
+        width: parent.width
+        style: Label.SmallStrong
+        text: box.label
+        Accessible.ignored: true
+    }
+
+    FieldInput {
+        id: input
+
+        objectName: "input"
+        y: caption.height + 7
+        width: parent.width
+        focus: true
+        icon: Icons.key
+        rightPadding: clearButton.visible ? 44 : 14
+        error: box.error
+        echoMode: TextInput.Password
+        passwordCharacter: "\u2022"
+        placeholderText: box.showsSaved ? "\u2022".repeat(24) + box.saved : ""
+        placeholderTextColor: Theme.text
+        onTextEdited: {
+            box.erased = false;
+            box.edited(text);
+        }
+        Keys.onEscapePressed: event => {
+            event.accepted = box.touched;
+            if (!box.touched)
+                return;
+            box.reset();
+            box.edited("");
+        }
+        Accessible.name: box.label
+        Accessible.description: box.error !== "" ? box.error
+            : box.showsSaved ? qsTr("Saved, ending in %1").arg(box.saved) : box.hint
+        Accessible.passwordEdit: true
+    }
+
+    IconButton {
+        id: clearButton
+
+        objectName: "clear"
+        x: parent.width - width - 5
+        y: input.y + 5
+        visible: box.showsSaved
+        icon: Icons.close
+        name: qsTr("Clear %1").arg(box.label)
+        onClicked: {
+            box.erased = true;
+            box.cleared();
+            input.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
+    FieldNote {
+        id: note
+
+        y: input.y + input.height + 7
+        width: parent.width
+        hint: box.hint
+        error: box.error
+    }
+}
