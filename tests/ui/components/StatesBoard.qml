@@ -12,6 +12,8 @@ Rectangle {
     readonly property var buttons: [{ text: "Save", icon: "", kind: ActionButton.Primary },
         { text: "Pause", icon: Icons.pause, kind: ActionButton.Secondary },
         { text: "Cancel", icon: "", kind: ActionButton.Quiet }, { text: "Remove", icon: "", kind: ActionButton.Danger }]
+    readonly property var cells: buttons.flatMap(button => states.map((state, column) => ({
+        state: state, column: column, row: buttons.indexOf(button), about: button })))
 
     color: Theme.canvas
 
@@ -39,23 +41,21 @@ Rectangle {
     }
 
     Repeater {
-        model: 20
+        model: board.cells
 
         ActionButton {
-            required property int index
-            readonly property int column: index % 5
-            readonly property var about: board.buttons[Math.floor(index / 5)]
+            required property var modelData
 
-            objectName: about.text + " " + board.states[column]
-            x: 24 + 160 * column
-            y: 429 + 52 * Math.floor(index / 5)
-            text: about.text
-            icon: about.icon
-            kind: about.kind
-            showsHover: column === 1
-            showsPress: column === 2
-            showsFocus: column === 3
-            enabled: column !== 4
+            objectName: text + " " + modelData.state
+            x: 24 + 160 * modelData.column
+            y: 429 + 52 * modelData.row
+            text: modelData.about.text
+            icon: modelData.about.icon
+            kind: modelData.about.kind
+            showsHover: modelData.state === "Hover"
+            showsPress: modelData.state === "Pressed"
+            showsFocus: modelData.state === "Focus"
+            enabled: modelData.state !== "Disabled"
         }
     }
 

@@ -40,14 +40,11 @@ PressControl {
 
     readonly property bool isSmall: size === ActionButton.Compact
     readonly property bool isProminent: size === ActionButton.Prominent
-    readonly property int iconSide: isSmall ? 15 : isProminent ? 20 : 17
-    readonly property int iconRoom: icon === "" ? 0 : iconSide + content.spacing
-    readonly property color shownInk: enabled ? ink : Theme.text3
 
     name: text
     leftPadding: isSmall ? 13 : isProminent ? 26 : 17
     rightPadding: leftPadding
-    implicitWidth: leftPadding + iconRoom + Math.ceil(words.implicitWidth) + rightPadding
+    implicitWidth: leftPadding + implicitContentWidth + rightPadding
     implicitHeight: isSmall ? 32 : isProminent ? 46 : size === ActionButton.Heading ? 38 : 36
     opacity: showsPress ? 0.8 : 1
     scale: showsPress && !Theme.reduceMotion ? 0.98 : 1
@@ -66,34 +63,12 @@ PressControl {
         lineWidth: outline.a > 0 ? 1 : 0
     }
 
-    contentItem: Item {
-        Row {
-            id: content
-
-            anchors.centerIn: parent
-            spacing: 8
-
-            LineIcon {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: button.icon !== ""
-                width: button.iconSide
-                height: button.iconSide
-                outline: button.icon
-                color: button.shownInk
-            }
-
-            Label {
-                id: words
-
-                anchors.verticalCenter: parent.verticalCenter
-                width: Math.min(Math.ceil(implicitWidth), button.availableWidth - button.iconRoom)
-                style: button.isSmall ? Label.SmallStrong : Label.Strong
-                font.pixelSize: button.isSmall ? 13 : button.isProminent ? 16 : 14
-                text: button.text
-                color: button.shownInk
-                Accessible.ignored: true
-            }
-        }
+    contentItem: ButtonContent {
+        text: button.text
+        icon: button.icon
+        iconSide: button.isSmall ? 15 : button.isProminent ? 20 : 17
+        fontSize: button.isSmall ? 13 : button.isProminent ? 16 : 14
+        ink: button.enabled ? button.ink : Theme.text3
     }
 
     FocusRing {

@@ -10,9 +10,9 @@ FocusScope {
     id: box
 
     required property string label
+    /// The texts.
     property alias model: choice.model
     property alias currentIndex: choice.currentIndex
-    property alias textRole: choice.textRole
     readonly property alias popup: choice.popup
 
     /// The person has chosen.
@@ -63,41 +63,18 @@ FocusScope {
             color: Theme.text2
         }
 
-        delegate: T.ItemDelegate {
-            id: row
-
-            required property int index
-
-            width: ListView.view ? ListView.view.width : 0
-            implicitHeight: 36
-            leftPadding: 10
-            rightPadding: 10
-            highlighted: choice.highlightedIndex === index
-            text: choice.textAt(index)
-
-            contentItem: Label {
-                verticalAlignment: Text.AlignVCenter
-                style: choice.currentIndex === row.index ? Label.Strong : Label.Body
-                text: row.text
-                Accessible.ignored: true
-            }
-            background: Rectangle {
-                radius: 8
-                color: row.highlighted ? Theme.hover : Theme.faded(Theme.hover, 0)
-            }
-        }
+        delegate: ChoiceRow {}
 
         popup: T.Popup {
             y: choice.height + 6
             width: choice.width
-            height: Math.min(list.contentHeight + topPadding + bottomPadding,
-                             choice.Window.window ? choice.Window.window.height - topMargin - bottomMargin : 400)
+            height: Math.min(implicitContentHeight + topPadding + bottomPadding,
+                             choice.Window.height - topMargin - bottomMargin)
             margins: 8
             padding: 6
 
             contentItem: ListView {
-                id: list
-
+                implicitHeight: contentHeight
                 clip: true
                 boundsBehavior: Flickable.StopAtBounds
                 model: choice.popup.visible ? choice.delegateModel : null

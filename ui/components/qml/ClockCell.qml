@@ -3,7 +3,7 @@
 
 import QtQuick
 
-/// One character of the clock. `modelData` has its character, its width (0 for its own), lift and font.
+/// One character of the clock. `modelData` has its character, its width (0 for its own), lift, font and colour.
 Text {
     required property var modelData
 
@@ -12,6 +12,7 @@ Text {
     width: modelData.width > 0 ? modelData.width : implicitWidth
     topPadding: -modelData.lift
     horizontalAlignment: Text.AlignHCenter
+    color: modelData.color
     font: modelData.font
     Accessible.ignored: true
 }

@@ -35,7 +35,8 @@ Item {
         for (let index = 0; index < text.length; ++index) {
             const character = text.charAt(index);
             const lift = character === ":" ? 0.085 * fontSize : 0;
-            result.push({ character: character, width: cellWidthAt(index), lift: lift, font: zero.font });
+            result.push({ character: character, width: cellWidthAt(index), lift: lift, font: zero.font,
+                          color: clock.color });
         }
         return result;
     }
@@ -58,9 +59,7 @@ Item {
         Repeater {
             model: clock.cells()
 
-            ClockCell {
-                color: clock.color
-            }
+            ClockCell {}
         }
     }
 }

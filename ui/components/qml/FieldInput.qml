@@ -29,7 +29,7 @@ T.TextField {
     // It stands still, so that a field at rest wakes nobody.
     cursorDelegate: Rectangle {
         width: 2
-        visible: input.cursorVisible
+        visible: (parent as TextInput)?.cursorVisible ?? false
         color: Theme.accentText
     }
 

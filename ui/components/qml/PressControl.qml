@@ -3,7 +3,6 @@
 
 import QtQuick
 import QtQuick.Templates as T
-import Quorvane.Components
 
 /// What is pressed, by pointer, Space or Return: behaviour, focus and an accessible button without any looks. Its
 /// `shows…` are what a look follows.

@@ -21,6 +21,8 @@ FocusScope {
     /// Whether what is stored is to be replaced by `value`, or cleared if that is empty.
     readonly property bool touched: erased || value !== ""
     property bool erased: false
+    /// As many as there is room for, so that the last characters are not cut off.
+    readonly property int dots: Math.max(4, Math.min(24, Math.floor((width - 39 - 44 - 50) / dot.advanceWidth)))
     readonly property bool showsSaved: saved !== "" && !touched
 
     /// The person has typed. Empty: what is stored stays.
@@ -38,6 +40,13 @@ FocusScope {
 
     implicitWidth: 240
     implicitHeight: note.visible ? note.y + note.height : input.y + input.height
+
+    TextMetrics {
+        id: dot
+
+        text: "\u2022"
+        font: input.font
+    }
 
     Label {
         id: caption
@@ -60,7 +69,7 @@ FocusScope {
         error: box.error
         echoMode: TextInput.Password
         passwordCharacter: "\u2022"
-        placeholderText: box.showsSaved ? "\u2022".repeat(24) + box.saved : ""
+        placeholderText: box.showsSaved ? "\u2022".repeat(box.dots) + box.saved : ""
         placeholderTextColor: Theme.text
         onTextEdited: {
             box.erased = false;

@@ -38,8 +38,6 @@ PressControl {
 
     contentItem: Item {
         Item {
-            id: track
-
             anchors.centerIn: parent
             width: 36
             height: 22
