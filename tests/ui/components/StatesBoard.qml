@@ -12,14 +12,14 @@ Rectangle {
     readonly property var buttons: [{ text: "Save", icon: "", kind: ActionButton.Primary },
         { text: "Pause", icon: Icons.pause, kind: ActionButton.Secondary },
         { text: "Cancel", icon: "", kind: ActionButton.Quiet }, { text: "Remove", icon: "", kind: ActionButton.Danger }]
-    readonly property var cells: buttons.flatMap(button => states.map((state, column) => ({
-        state: state, column: column, row: buttons.indexOf(button), about: button })))
+    readonly property var cells: [].concat(...buttons.map((button, row) => states.map((state, column) => ({
+        state: state, column: column, row: row, about: button }))))
 
     color: Theme.canvas
 
     Label {
         x: 24
-        y: 367
+        y: 366
         style: Label.CardHead
         text: "Buttons"
     }
@@ -102,7 +102,7 @@ Rectangle {
 
     Label {
         x: 880
-        y: 367
+        y: 366
         style: Label.CardHead
         text: "Fields"
     }

@@ -23,7 +23,12 @@ Item {
         anchors.fill: parent
         radius: 11
         color: Theme.field
-        border.width: frame.focused || frame.wrong ? 1.5 : 1
-        border.color: frame.wrong ? Theme.warn : frame.focused ? Theme.accentText : Theme.fieldLine
+    }
+
+    RoundedFrame {
+        anchors.fill: parent
+        radius: 11
+        lineWidth: frame.focused || frame.wrong ? 1.5 : 1
+        outline: frame.wrong ? Theme.warn : frame.focused ? Theme.accentText : Theme.fieldLine
     }
 }

@@ -27,10 +27,16 @@ T.TextField {
     font.pixelSize: 14
     font.weight: Font.Medium
     // It stands still, so that a field at rest wakes nobody.
-    cursorDelegate: Rectangle {
-        width: 2
+    cursorDelegate: Item {
         visible: (parent as TextInput)?.cursorVisible ?? false
-        color: Theme.accentText
+
+        Rectangle {
+            x: 1
+            y: 1
+            width: 2
+            height: parent.height - 2
+            color: Theme.accentText
+        }
     }
 
     background: FieldFrame {
@@ -39,10 +45,10 @@ T.TextField {
     }
 
     LineIcon {
-        x: 13
+        x: 14
         anchors.verticalCenter: parent.verticalCenter
-        width: 17
-        height: 17
+        width: 16
+        height: 16
         visible: input.icon !== ""
         outline: input.icon
         color: Theme.text3

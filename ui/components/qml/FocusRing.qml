@@ -11,8 +11,8 @@ RoundedFrame {
     property Item target: parent
     /// The target's own, by default that of a capsule.
     property real targetRadius: target ? target.height / 2 : 0
+    property real outset: 4
 
-    readonly property real outset: 4
     readonly property bool isChild: parent === target
 
     x: (isChild || !target ? 0 : target.x) - outset

@@ -40,8 +40,8 @@ PressControl {
     contentItem: Item {
         LineIcon {
             anchors.centerIn: parent
-            width: 16
-            height: 16
+            width: 18
+            height: 18
             outline: button.icon
             color: button.enabled ? button.ink : Theme.text3
         }
@@ -50,6 +50,7 @@ PressControl {
     FocusRing {
         visible: button.showsFocus
         targetRadius: 10
+        outset: 3
     }
 
     ToolTipText {

@@ -42,12 +42,11 @@ PressControl {
             width: 36
             height: 22
 
-            Rectangle {
+            Capsule {
                 anchors.fill: parent
-                radius: height / 2
-                color: Theme.faded(Theme.accent, toggle.travel)
-                border.width: toggle.travel < 1 ? 1.5 : 0
-                border.color: Theme.faded(toggle.outline, 1 - toggle.travel)
+                fill: Theme.faded(Theme.accent, toggle.travel)
+                outline: Theme.faded(toggle.outline, 1 - toggle.travel)
+                lineWidth: toggle.travel < 1 ? 1.5 : 0
             }
 
             Rectangle {
