@@ -12,7 +12,7 @@ Rectangle {
     /// One of `Icons`, or none.
     property string icon: ""
     property color tint: Theme.accentText
-    property color fill: Theme.faded(tint, 0.16)
+    property color fill: Theme.faded(Theme.accent, 0.18)
 
     implicitWidth: Math.ceil(content.implicitWidth) + 16
     implicitHeight: icon === "" ? 19 : 22

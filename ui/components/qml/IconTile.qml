@@ -18,11 +18,11 @@ Rectangle {
     implicitWidth: side
     implicitHeight: side
     radius: side > 32 ? 12 : 10
-    color: isTinted ? Theme.faded(tint, 0.16) : Theme.raised
+    color: isTinted ? Theme.faded(tint, 0.15) : Theme.raised
 
     LineIcon {
         anchors.centerIn: parent
-        width: Math.round(0.45 * tile.side)
+        width: Math.round(0.5 * tile.side)
         height: width
         outline: tile.icon
         color: tile.tint

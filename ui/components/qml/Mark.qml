@@ -12,6 +12,7 @@ Item {
     property real side: 30
     property color tint: Theme.accent
     property color vane: Theme.text
+    property color track: Theme.mixed(Theme.lineStrong, Theme.faded(Theme.cream, 0.18), Appearance.darkness)
 
     implicitWidth: side
     implicitHeight: side
@@ -24,7 +25,7 @@ Item {
         transformOrigin: Item.TopLeft
 
         ShapePath {
-            strokeColor: Theme.faded(mark.vane, 0.18)
+            strokeColor: mark.track
             strokeWidth: 8.5
             fillColor: "transparent"
             capStyle: ShapePath.FlatCap
