@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Templates as T
+import Quorvane.Components
+import Quorvane.Sheet
+
+/// Opens the picker beside its parent, within the window.
+T.Popup {
+    id: picker
+
+    required property DateTimeChoice choice
+
+    margins: 8
+    padding: 14
+    focus: true
+    closePolicy: T.Popup.CloseOnPressOutside
+    onOpened: contentItem.forceActiveFocus(Qt.TabFocusReason)
+
+    contentItem: PickerBody {
+        choice: picker.choice
+        onDone: picker.close()
+    }
+
+    background: Rectangle {
+        radius: 16
+        color: Theme.sheet
+        border.width: 1
+        border.color: Theme.dark ? Theme.lineStrong : Theme.line
+    }
+}
