@@ -22,10 +22,19 @@ struct CalendarReader::Source
     std::vector<CalendarOption> calendars;
     /// By calendar identifier.
     QHash<QString, std::vector<CalendarEvent>> events;
+    QStringList unreadableCalendars;
+    /// By account, Unix time in seconds.
+    QHash<QString, double> readings;
+
+    [[nodiscard]] bool isAbsent() const
+    {
+        return problem == CalendarError::unavailable && authorization != AuthorizationStatus::fullAccess;
+    }
 
     void takeCalendars(Result<std::vector<CalendarOption>> answer)
     {
         problem = answer ? std::error_code() : answer.error();
+        unreadableCalendars.clear();
         if (answer) {
             authorization = AuthorizationStatus::fullAccess;
             calendars = std::move(*answer);
@@ -40,7 +49,8 @@ struct CalendarReader::Source
             problem = answer.error();
             return;
         }
-        if (!answer->unreadableCalendars.isEmpty())
+        unreadableCalendars = answer->unreadableCalendars;
+        if (!unreadableCalendars.isEmpty())
             problem = CalendarError::unreadable;
         for (const QString &id : wanted) {
             if (!answer->unreadableCalendars.contains(id))
@@ -49,6 +59,22 @@ struct CalendarReader::Source
         for (CalendarEvent &event : answer->events) {
             if (!answer->unreadableCalendars.contains(event.calendarId))
                 events[event.calendarId].push_back(std::move(event));
+        }
+    }
+
+    /// The accounts all of whose calendars have been read.
+    void noteReadings(double now)
+    {
+        if (problem && unreadableCalendars.isEmpty())
+            return;
+        QSet<QString> failing;
+        for (const CalendarOption &calendar : calendars) {
+            if (unreadableCalendars.contains(calendar.id))
+                failing.insert(calendar.account);
+        }
+        for (const CalendarOption &calendar : calendars) {
+            if (!failing.contains(calendar.account))
+                readings.insert(calendar.account, now);
         }
     }
 
@@ -151,6 +177,7 @@ QCoro::Task<> CalendarReader::readStore(Source &source, double now, QStringList 
         source.takeEvents(wanted, std::move(reading));
     }
     source.isBusy = false;
+    source.noteReadings(now);
     Q_EMIT storeRead();
 }
 
@@ -188,12 +215,24 @@ std::vector<StoreProblem> CalendarReader::problems() const
 {
     std::vector<StoreProblem> problems;
     for (const auto &source : m_sources) {
-        const bool neverThere = source->problem == CalendarError::unavailable &&
-                                source->authorization != AuthorizationStatus::fullAccess;
-        if (source->problem && !neverThere)
+        if (source->problem && !source->isAbsent())
             problems.push_back({source->store->name(), source->problem});
     }
     return problems;
+}
+
+std::vector<StoreState> CalendarReader::stores() const
+{
+    std::vector<StoreState> states;
+    for (const auto &source : m_sources)
+        states.push_back({.name = source->store->name(),
+                          .problem = source->problem,
+                          .isBusy = source->isBusy,
+                          .isAbsent = source->isAbsent(),
+                          .calendars = source->calendars,
+                          .unreadableCalendars = source->unreadableCalendars,
+                          .readings = source->readings});
+    return states;
 }
 
 } // namespace quorvane

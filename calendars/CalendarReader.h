@@ -6,7 +6,10 @@
 #include "calendars/CalendarStore.h"
 #include "core/Meeting.h"
 
+#include <QHash>
+
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace quorvane {
@@ -23,6 +26,28 @@ struct StoreProblem
     std::error_code error;
 
     bool operator==(const StoreProblem &) const = default;
+};
+
+/// What one store has last said, and how its last reading went.
+struct StoreState
+{
+    /// What people call the store.
+    QString name;
+    std::error_code problem;
+    /// It is being read.
+    bool isBusy = false;
+    /// It is simply not installed.
+    bool isAbsent = false;
+    std::vector<CalendarOption> calendars;
+    /// Identifiers of the calendars that failed in a reading that did not fail as a whole.
+    QStringList unreadableCalendars;
+    /// When an account was last read without error (Unix time, seconds), by the account's title.
+    QHash<QString, double> readings;
+
+    [[nodiscard]] std::optional<double> lastRead(const QString &account) const
+    {
+        return readings.contains(account) ? std::optional(readings[account]) : std::nullopt;
+    }
 };
 
 /// Reads the timed events of all calendar stores and turns them into meetings. `read` asks the stores; what
@@ -62,6 +87,9 @@ public:
     /// The stores whose last answer was missing or incomplete, leaving out those that are simply not
     /// installed.
     [[nodiscard]] std::vector<StoreProblem> problems() const;
+
+    /// Each store by itself.
+    [[nodiscard]] std::vector<StoreState> stores() const;
 
 Q_SIGNALS:
     /// A calendar changed. May come in bursts.

@@ -13,6 +13,8 @@ namespace {
 
 // Calendar services announce one change in several parts; a reading follows when they have come together.
 constexpr int changeDelayMilliseconds = 200;
+// Most refreshes are over before anybody could read that there is one.
+constexpr int slowRefreshMilliseconds = 400;
 
 } // namespace
 
@@ -22,10 +24,15 @@ AppModel::AppModel(Mode mode, const AppModelServices &services, QObject *parent)
     , m_services(services)
     , m_ledger(services.ledgerFile)
     , m_manual(services.secrets)
+    , m_settings(mode == Mode::live ? SettingsKeeper::Storage::file : SettingsKeeper::Storage::memory,
+                 services.preferences)
     , m_credentials(services.secrets)
+    , m_phone(m_credentials)
 {
+    connectCollaborators();
     if (m_mode == Mode::preview) {
         fillWithSample();
+        followSettings();
         return;
     }
     loadPersisted();
@@ -36,6 +43,24 @@ AppModel::AppModel(Mode mode, const AppModelServices &services, QObject *parent)
 
 AppModel::~AppModel() = default;
 
+void AppModel::connectCollaborators()
+{
+    connect(&m_phone, &PhoneWatch::changed, this, &AppModel::phoneHealthChanged);
+    connect(&m_manual, &ManualMeetings::changed, this, &AppModel::takeManualMeetings);
+    connect(&m_manual, &ManualMeetings::wasSetAside, this, [this] {
+        setNotice(u"Added meetings could not be read completely. What was there is set aside in Keychain."_s);
+    });
+    connect(&m_settings, &SettingsKeeper::wasSetAside, this, [this] {
+        setNotice(u"Saved settings could not be read and were set aside. Check Quorvane’s settings."_s);
+    });
+}
+
+void AppModel::followSettings()
+{
+    connect(&m_settings, &SettingsKeeper::valuesChanged, this, &AppModel::takeSettings);
+    connect(&m_settings, &SettingsKeeper::choicesChanged, this, &AppModel::takeChoices);
+}
+
 void AppModel::loadPersisted()
 {
     if (auto records = m_ledger.load())
@@ -44,10 +69,10 @@ void AppModel::loadPersisted()
         setNotice(
             u"Saved acknowledgments could not be read and were set aside. A meeting that is under way may "
             "alert again."_s);
-    m_selectionOverrides = m_services.preferences.meetingChoices();
     const QStringList pending = m_services.preferences.pendingAcks();
     m_pendingAcks = QSet<QString>(pending.begin(), pending.end());
-    m_serverAddressStored = !m_services.preferences.serverURL().isEmpty();
+    m_settings.start();
+    m_serverAddressStored = !serverURL().isEmpty();
     if (!m_serverAddressStored)
         m_cloudStatus = u"Local only. Phone delivery stops while this Mac sleeps."_s;
     m_calendarAccess = m_services.calendarReader.authorizationStatus() == AuthorizationStatus::fullAccess;
@@ -71,6 +96,11 @@ void AppModel::beginLiveWork()
         mendTimes();
         requestRefresh();
     });
+    followSettings();
+    m_slowRefresh.setSingleShot(true);
+    m_slowRefresh.setInterval(slowRefreshMilliseconds);
+    connect(&m_slowRefresh, &QTimer::timeout, this, &AppModel::listSources);
+    m_services.useCalendarFolders(m_settings.values().calendarFolders, m_settings.values().ownAddresses);
     m_services.wakes.start();
     m_services.ticks.start();
     requestRefresh();
@@ -82,6 +112,48 @@ void AppModel::fillWithSample()
     m_calendarEvents = m_meetings;
     m_scheduledMeetings = m_meetings;
     m_status = u"Preview only. No calendar changes or phone alerts."_s;
+}
+
+void AppModel::showPreview(PreviewContent content)
+{
+    if (m_mode != Mode::preview)
+        return;
+    m_manual.assume(std::move(content.manualMeetings));
+    m_settings.assume(content.settings, content.selectionOverrides);
+    // These two come after the signals of the above, which would alter them.
+    m_calendarEvents = std::move(content.calendarEvents);
+    m_meetings = std::move(content.meetings);
+    m_scheduledMeetings = m_meetings;
+    m_records = std::move(content.records);
+    m_calendars = std::move(content.calendars);
+    m_sources = std::move(content.sources);
+    if (content.fantasticalConnected)
+        m_fantastical.take(FantasticalSnapshot{.calendars = std::move(content.fantasticalCalendars)}, now());
+    m_calendarAccess = content.calendarAccess;
+    m_lastRefresh = content.lastRefresh;
+    m_status = content.status;
+    m_fantasticalStatus = content.fantasticalStatus;
+    m_cloudStatus = content.cloudStatus;
+    m_serverConfigured = content.serverConfigured;
+    m_scheduleSynced = content.scheduleSynced;
+    m_isRefreshing = content.isRefreshing;
+    m_credentialHints = content.credentialHints;
+    m_phone.assume(content.phoneHealth);
+    setPausedUntil(content.pausedUntil);
+    setNotice(content.notice, content.noticeKind);
+    tellAll();
+}
+
+void AppModel::tellAll()
+{
+    Q_EMIT meetingsChanged();
+    Q_EMIT recordsChanged();
+    Q_EMIT calendarsChanged();
+    Q_EMIT sourcesChanged();
+    Q_EMIT statusChanged();
+    Q_EMIT settingsChanged();
+    Q_EMIT credentialHintsChanged();
+    Q_EMIT isRefreshingChanged();
 }
 
 Meeting AppModel::sampleMeeting() const
@@ -100,7 +172,7 @@ Meeting AppModel::sampleMeeting() const
 
 bool AppModel::isScheduled(const Meeting &meeting) const
 {
-    return MeetingSelection::includes(meeting, m_selectionOverrides);
+    return MeetingSelection::includes(meeting, selectionOverrides());
 }
 
 } // namespace quorvane

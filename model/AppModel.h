@@ -13,12 +13,11 @@
 #include "model/FantasticalSource.h"
 #include "model/ManualMeetings.h"
 #include "model/NoticeKind.h"
-#include "model/PhoneHealth.h"
+#include "model/PhoneWatch.h"
 #include "model/PreviewContent.h"
+#include "model/SettingsKeeper.h"
 #include "model/SettingsOutcome.h"
-#include "model/SettingsWatch.h"
 #include "model/SourceHealth.h"
-#include "model/UserSettings.h"
 
 #include <QCoroTask>
 #include <QDateTime>
@@ -65,7 +64,7 @@ public:
     /// `meetings` that alert under the user's present choices.
     [[nodiscard]] const std::vector<Meeting> &scheduledMeetings() const { return m_scheduledMeetings; }
     [[nodiscard]] bool isScheduled(const Meeting &meeting) const;
-    [[nodiscard]] const MeetingChoices &selectionOverrides() const { return m_selectionOverrides; }
+    [[nodiscard]] const MeetingChoices &selectionOverrides() const { return m_settings.choices(); }
     [[nodiscard]] const std::vector<Meeting> &manualMeetings() const { return m_manual.meetings(); }
     /// The calendars of the system's stores.
     [[nodiscard]] const std::vector<CalendarOption> &calendars() const { return m_calendars; }
@@ -111,15 +110,18 @@ public:
     /// Unix time in seconds, by the model's clock.
     [[nodiscard]] double now() const { return m_services.clock.now(); }
 
-    [[nodiscard]] const QStringList &excludedCalendars() const { return m_settings.excludedCalendars; }
-    [[nodiscard]] bool soundEnabled() const { return m_settings.soundEnabled; }
-    [[nodiscard]] bool uploadMacSnapshot() const { return m_settings.uploadMacSnapshot; }
-    [[nodiscard]] const QString &serverURL() const { return m_settings.serverURL; }
+    [[nodiscard]] const QStringList &excludedCalendars() const
+    {
+        return m_settings.values().excludedCalendars;
+    }
+    [[nodiscard]] bool soundEnabled() const { return m_settings.values().soundEnabled; }
+    [[nodiscard]] bool uploadMacSnapshot() const { return m_settings.values().uploadMacSnapshot; }
+    [[nodiscard]] const QString &serverURL() const { return m_settings.values().serverURL; }
     /// Whether `url` may be stored: it is empty or an address that the server's protocol can use.
     [[nodiscard]] bool acceptsServerURL(const QString &url) const;
     /// What `loadCredentialHints` found last.
     [[nodiscard]] const CredentialHints &credentialHints() const { return m_credentialHints; }
-    [[nodiscard]] const PhoneHealth &phoneHealth() const { return m_phoneHealth; }
+    [[nodiscard]] const PhoneHealth &phoneHealth() const { return m_phone.health(); }
 
     /// Reads all sources anew and recomputes everything. Returns at once while one is under way.
     QCoro::Task<> refresh();
@@ -206,12 +208,40 @@ private:
     void fillWithSample();
     [[nodiscard]] Meeting sampleMeeting() const;
 
+    void connectCollaborators();
+    void followSettings();
+    void tellAll();
+
+    // AppModelChoices.cpp: what the user chooses and adds.
+    void takeChoices();
+    void takeManualMeetings();
+    void keepChoices();
+    void prepareAgain(const QString &id);
+    QCoro::Task<> loadManualMeetings();
+    QCoro::Task<> keepManualMeetings();
+    void tellUnlessSynced(const QString &text);
+    void settleUnsynced();
+
+    // AppModelSettings.cpp: the settings.
+    void takeSettings(const UserSettings &before);
+    void forgetServer();
+    QCoro::Task<bool> storeCredentials(CredentialEdits edits);
+    QCoro::Task<bool> handOverPhone();
+    [[nodiscard]] bool isWritten(const Result<void> &outcome);
+
+    // AppModelSources.cpp: accounts, calendars and their folders.
+    void listSources();
+    QCoro::Task<std::optional<QString>> askForFolder();
+
     // AppModelRefresh.cpp: reading and its outcome.
+    QCoro::Task<> refreshSince(int count);
+    QCoro::Task<> refreshEnded();
     QCoro::Task<> readFantastical(QStringList excluded);
     void applyStores();
     void applyReading();
     void endRefresh();
-    void chooseMeetings();
+    bool chooseMeetings();
+    void collectEvents(std::vector<Meeting> events);
     void closeOutdatedAlert();
     void describeSources();
     void requestRefresh();
@@ -271,7 +301,6 @@ private:
     std::vector<Meeting> m_meetings;
     std::vector<Meeting> m_calendarEvents;
     std::vector<Meeting> m_scheduledMeetings;
-    MeetingChoices m_selectionOverrides;
     ManualMeetings m_manual;
     /// The schedule last confirmed by the user's own server.
     std::vector<Meeting> m_serverMeetings;
@@ -324,12 +353,17 @@ private:
     std::unique_ptr<ActivityToken> m_activity;
     QTimer m_changeDelay;
     QString m_preparedID;
-    UserSettings m_settings;
-    SettingsWatch m_settingsWatch;
+    SettingsKeeper m_settings;
     Credentials m_credentials;
     CredentialHints m_credentialHints;
-    PhoneHealth m_phoneHealth;
+    PhoneWatch m_phone;
     std::vector<SourceHealth> m_sources;
+    /// Runs out when a refresh takes longer than usual.
+    QTimer m_slowRefresh;
+    /// Counts the refreshes begun; the promise runs while one does.
+    int m_refreshCount = 0;
+    std::shared_ptr<QPromise<void>> m_refreshEnd;
+    bool m_isChoosingFolder = false;
 };
 
 } // namespace quorvane

@@ -3,50 +3,189 @@
 
 #include "model/AppModel.h"
 
+#include "async/Launch.h"
+#include "core/NewMeeting.h"
+
+#include <QPointer>
+#include <QUuid>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
-QCoro::Task<> AppModel::setScheduled(Meeting, Switch)
+namespace {
+
+const QString keyringFailed =
+    u"Could not save added meetings to Keychain. They may be lost after quitting."_s;
+const QString choiceUnsynced =
+    u"Saved on this Mac. Phone schedule has not synced yet. Reconnect and refresh."_s;
+const QString meetingUnsynced = u"Meeting added on this Mac. Phone schedule has not synced yet."_s;
+
+} // namespace
+
+// Whoever made the choice: the user here, or another copy of this program.
+void AppModel::takeChoices()
 {
-    co_return;
+    chooseMeetings();
+    Q_EMIT meetingsChanged();
+    if (m_mode == Mode::preview)
+        return;
+    closeOutdatedAlert();
+    describeSources();
+    alertStep();
+    requestRefresh();
 }
 
-QCoro::Task<> AppModel::addMeeting(QString, double, int, QString)
+QCoro::Task<> AppModel::setScheduled(Meeting meeting, Switch enabled)
 {
-    co_return;
+    const QPointer<AppModel> self(this);
+    const int count = m_refreshCount;
+    if (enabled == Switch::on && !isScheduled(meeting))
+        prepareAgain(meeting.id);
+    m_settings.choose(meeting.id, enabled);
+    if (enabled == Switch::off && m_services.overlay.eventID() == meeting.id)
+        m_services.overlay.close();
+    if (m_mode == Mode::preview)
+        co_return;
+    QCoro::Task<> persisted = persistMeetingChoices();
+    if (enabled == Switch::off)
+        launch(silencePhone(meeting.id));
+    co_await refreshSince(count);
+    co_await persisted;
+    if (self)
+        tellUnlessSynced(choiceUnsynced);
 }
 
-QCoro::Task<> AppModel::deleteManualMeeting(Meeting)
+// A meeting that is switched on alerts as if for the first time: what was sent to the phone before has been
+// cancelled.
+void AppModel::prepareAgain(const QString &id)
 {
-    co_return;
+    const auto found = m_records.constFind(id);
+    if (found == m_records.cend())
+        return;
+    AlertRecord record = *found;
+    record.snoozedUntil = 0;
+    record.phoneSent = false;
+    record.receipt.reset();
+    m_retryAfter.remove(id);
+    if (record != *found)
+        setRecord(id, record);
+}
+
+QCoro::Task<> AppModel::addMeeting(QString title, double start, int duration, QString link)
+{
+    const NewMeeting wanted{.title = title, .start = start, .duration = duration, .link = link};
+    if (!wanted.isAcceptable(now()))
+        co_return;
+    const QPointer<AppModel> self(this);
+    const int count = m_refreshCount;
+    const Meeting meeting = wanted.meeting(QUuid::createUuid().toString(QUuid::WithoutBraces));
+    m_manual.add(meeting);
+    m_settings.choose(meeting.id, Switch::on);
+    QCoro::Task<> persisted = persistMeetingChoices();
+    co_await refreshSince(count);
+    co_await persisted;
+    if (self)
+        tellUnlessSynced(meetingUnsynced);
+}
+
+QCoro::Task<> AppModel::deleteManualMeeting(Meeting meeting)
+{
+    if (!m_manual.holds(meeting.id))
+        co_return;
+    m_manual.remove(meeting.id);
+    co_await setScheduled(meeting, Switch::off);
+}
+
+void AppModel::takeManualMeetings()
+{
+    if (m_mode == Mode::live) {
+        applyReading();
+    } else {
+        std::vector<Meeting> events = m_calendarEvents;
+        std::erase_if(events, [this](const Meeting &meeting) {
+            return meeting.source == Meeting::manualSource && !m_manual.holds(meeting.id);
+        });
+        collectEvents(MeetingSelection::candidates(events, {}, m_manual.meetings(), Freshness::fresh, now()));
+    }
+    Q_EMIT meetingsChanged();
 }
 
 QCoro::Task<> AppModel::persistMeetingChoices()
 {
-    co_return;
+    if (m_mode == Mode::preview)
+        co_return;
+    keepChoices();
+    save();
+    co_await keepManualMeetings();
 }
 
-void AppModel::join(const Meeting &) {}
+void AppModel::keepChoices()
+{
+    if (!isWritten(m_settings.keepChoices()))
+        return;
+    // Only while every source has its say: what is not known then is over.
+    if (ownFreshness() == Freshness::stale || !m_services.calendarReader.hasAnswered() || !m_manual.isKnown())
+        return;
+    QSet<QString> known;
+    for (const Meeting &meeting : m_calendarEvents)
+        known.insert(meeting.id);
+    m_settings.pruneChoices(known);
+}
+
+// Until the keyring has been read once; what was added meanwhile is written then.
+QCoro::Task<> AppModel::loadManualMeetings()
+{
+    if (m_manual.isKnown())
+        co_return;
+    const QPointer<AppModel> self(this);
+    const Result<void> loaded = co_await m_manual.load();
+    if (self && loaded && !m_manual.isSaved())
+        launch(keepManualMeetings());
+}
+
+QCoro::Task<> AppModel::keepManualMeetings()
+{
+    if (m_manual.isKnown() && m_manual.isSaved())
+        co_return;
+    const QPointer<AppModel> self(this);
+    const Result<void> kept = co_await m_manual.sync(now());
+    if (!self)
+        co_return;
+    if (!kept)
+        setNotice(keyringFailed);
+    else if (m_notice == keyringFailed)
+        setNotice(std::nullopt);
+}
+
+void AppModel::tellUnlessSynced(const QString &text)
+{
+    if (m_serverConfigured && !m_scheduleSynced && m_notice != keyringFailed)
+        setNotice(text);
+}
+
+void AppModel::settleUnsynced()
+{
+    if (m_notice == choiceUnsynced || m_notice == meetingUnsynced)
+        setNotice(std::nullopt);
+}
+
+void AppModel::join(const Meeting &meeting)
+{
+    const std::optional<QUrl> link = Meeting::safeJoinURL(meeting.joinURL);
+    if (!link || m_mode == Mode::preview)
+        return;
+    m_services.opener.open(*link, [self = QPointer<AppModel>(this)](bool opened) {
+        if (self && !opened)
+            self->setNotice(u"The meeting link could not be opened. Check your default browser."_s);
+    });
+}
 
 void AppModel::dismissNotice()
 {
     setNotice(std::nullopt);
-}
-
-QCoro::Task<> AppModel::setCalendarEnabled(QString, Switch)
-{
-    co_return;
-}
-
-QCoro::Task<> AppModel::connectCalendarFolder()
-{
-    co_return;
-}
-
-QCoro::Task<> AppModel::disconnectCalendarFolder(QString)
-{
-    co_return;
 }
 
 } // namespace quorvane

@@ -83,6 +83,10 @@ QCoro::Task<> AppModel::sendPhone(Meeting meeting)
 
 void AppModel::takeReceipt(const QString &id, const Result<std::optional<QString>> &receipt)
 {
+    if (!receipt && receipt.error() == NetworkError::configuration)
+        launch(m_phone.look());
+    else
+        m_phone.note(receipt ? PhoneWatch::Delivery::delivered : PhoneWatch::Delivery::failed);
     if (receipt) {
         AlertRecord record = m_records.value(id);
         record.phoneSent = true;
@@ -113,6 +117,8 @@ QCoro::Task<> AppModel::silencePhone(QString id)
         setNotice(std::nullopt);
     const QPointer<AppModel> self(this);
     for (int attempt = 1; attempt <= silencingAttempts; ++attempt) {
+        if (attempt > 1 && isWanted(id))
+            co_return; // switched on again
         const bool isSilenced = co_await cancelMessages(id);
         if (!self || isSilenced)
             co_return;

@@ -7,6 +7,7 @@
 #include "calendars/records/FantasticalCache.h"
 #include "model/SourceStatus.h"
 
+#include <QCoroFuture>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -26,11 +27,17 @@ QCoro::Task<> AppModel::refresh()
     Q_EMIT isRefreshingChanged();
     m_refreshAgain = false;
     m_refreshMark = now();
+    ++m_refreshCount;
+    m_refreshEnd = std::make_shared<QPromise<void>>();
+    m_refreshEnd->start();
+    m_slowRefresh.start();
     const QStringList excluded = m_services.preferences.excludedCalendars();
-    // Both at once: neither source waits for the other.
+    // All at once: no source waits for another.
+    QCoro::Task<> manual = loadManualMeetings();
     QCoro::Task<> second = readFantastical(excluded);
     co_await m_services.calendarReader.read(now(), excluded);
     co_await second;
+    co_await manual;
     if (self)
         co_await exchangeWithServer();
     if (self)
@@ -47,9 +54,41 @@ void AppModel::endRefresh()
         save();
     if (!m_arePendingAcksKept)
         keepPendingAcks();
+    if (!m_settings.areChoicesKept())
+        keepChoices();
+    if (m_phone.health().state == PhoneHealth::State::unknown)
+        launch(m_phone.look());
+    m_slowRefresh.stop();
+    listSources();
     Q_EMIT isRefreshingChanged();
+    m_refreshEnd->finish();
     if (m_refreshAgain)
         m_changeDelay.start();
+}
+
+// Ends when a refresh has ended that began after the first `count` ones, and so has seen all that had
+// changed by then.
+QCoro::Task<> AppModel::refreshSince(int count)
+{
+    if (m_mode == Mode::preview)
+        co_return;
+    const QPointer<AppModel> self(this);
+    if (m_refreshCount == count)
+        co_await refreshEnded();
+    if (!self)
+        co_return;
+    if (m_refreshCount == count)
+        co_await refresh();
+    else
+        co_await refreshEnded();
+}
+
+QCoro::Task<> AppModel::refreshEnded()
+{
+    if (!m_isRefreshing)
+        co_return;
+    const QFuture<void> ended = m_refreshEnd->future();
+    co_await ended;
 }
 
 // A change that comes while a reading is under way may have been missed by it, so it is followed by another
@@ -67,12 +106,16 @@ void AppModel::requestRefresh()
 QCoro::Task<> AppModel::readFantastical(QStringList excluded)
 {
     const QPointer<AppModel> self(this);
+    m_fantastical.begin();
     Result<FantasticalSnapshot> outcome = co_await m_services.fantasticalReader.read(excluded);
     if (!self)
         co_return;
-    m_fantastical.take(std::move(outcome));
+    const std::vector<CalendarOption> before = fantasticalCalendars();
+    m_fantastical.take(std::move(outcome), now());
     if (m_fantastical.isConnected())
         m_lastSuccessfulRead = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
+    if (before != fantasticalCalendars())
+        Q_EMIT calendarsChanged();
     applyReading();
 }
 
@@ -81,7 +124,8 @@ void AppModel::applyStores()
 {
     const CalendarReader &reader = m_services.calendarReader;
     m_calendarAccess = reader.authorizationStatus() == AuthorizationStatus::fullAccess;
-    m_calendars = reader.calendars();
+    if (std::exchange(m_calendars, reader.calendars()) != m_calendars)
+        Q_EMIT calendarsChanged();
     if (m_calendarAccess && reader.problems().empty())
         m_lastSuccessfulRead = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
     applyReading();
@@ -98,12 +142,19 @@ void AppModel::applyReading()
     if (m_fantastical.isConnected())
         m_freshCalendarEventCount += static_cast<qsizetype>(second.size());
     std::ranges::copy(second, std::back_inserter(local));
-    m_calendarEvents =
-        MeetingSelection::candidates(local, m_serverMeetings, m_manual.meetings(), ownFreshness(), now());
-    chooseMeetings();
+    m_ownIDs.clear();
+    for (const std::vector<Meeting> *own : {&std::as_const(local), &m_manual.meetings()}) {
+        for (const Meeting &meeting : *own)
+            m_ownIDs.insert(meeting.id);
+    }
+    // The server's copy of a meeting that was deleted here does not bring it back.
+    std::vector<Meeting> saved = m_serverMeetings;
+    std::erase_if(saved, [this](const Meeting &meeting) { return m_manual.wasRemoved(meeting.id); });
+    collectEvents(MeetingSelection::candidates(local, saved, m_manual.meetings(), ownFreshness(), now()));
     silenceAcknowledged(m_calendarEvents);
     closeOutdatedAlert();
     describeSources();
+    listSources();
     // What the reading brought may be due already.
     alertStep();
 }
@@ -127,7 +178,16 @@ bool AppModel::isSecondSourceExpected() const
                              FantasticalCache::fileName);
 }
 
-void AppModel::chooseMeetings()
+void AppModel::collectEvents(std::vector<Meeting> events)
+{
+    const bool areOthers = m_calendarEvents != events;
+    m_calendarEvents = std::move(events);
+    if (chooseMeetings() || areOthers)
+        Q_EMIT meetingsChanged();
+}
+
+/// Whether other ones than before are chosen now.
+bool AppModel::chooseMeetings()
 {
     std::vector<Meeting> chosen;
     std::ranges::copy_if(m_calendarEvents, std::back_inserter(chosen),
@@ -136,10 +196,9 @@ void AppModel::chooseMeetings()
     m_meetings = std::move(chosen);
     // The tick asks every second, so the choice is made here and not there.
     m_scheduledMeetings = m_meetings;
-    if (isNew) {
+    if (isNew)
         ++m_scheduleRevision;
-        Q_EMIT meetingsChanged();
-    }
+    return isNew;
 }
 
 void AppModel::closeOutdatedAlert()

@@ -79,8 +79,9 @@ QCoro::Task<> AppModel::exchangeWithServer()
         co_return;
     }
     m_serverConfigured = true;
+    const QString address = serverURL();
     const Result<ServerState> state = co_await m_services.network.state();
-    if (!self)
+    if (!self || address != serverURL()) // what the server before said no longer counts
         co_return;
     if (!state) {
         countServerFailure();
@@ -142,7 +143,7 @@ QCoro::Task<AppModel::UploadOutcome> AppModel::uploadSchedule()
 {
     if (!m_services.preferences.uploadMacSnapshot())
         co_return UploadOutcome::notWanted;
-    if (!m_services.calendarReader.hasAnswered())
+    if (!m_services.calendarReader.hasAnswered() || !m_manual.isKnown())
         co_return UploadOutcome::postponed;
     const QPointer<AppModel> self(this);
     const int revision = m_scheduleRevision;
@@ -183,6 +184,8 @@ void AppModel::judgeServer(const ServerState &state, UploadOutcome uploaded)
     m_scheduleSynced = report.canDeliver && holdsAll;
     m_serverFailures = report.canDeliver ? 0 : failuresUntilBackup;
     m_cloudStatus = report.text;
+    if (m_scheduleSynced)
+        settleUnsynced();
 }
 
 // One that the server refuses does not hold up the others, nor is it sent for ever: once its meeting is over

@@ -9,13 +9,16 @@
 
 namespace quorvane {
 
-void FantasticalSource::take(Result<FantasticalSnapshot> outcome)
+void FantasticalSource::take(Result<FantasticalSnapshot> outcome, double now)
 {
+    m_isBusy = false;
     m_isConnected = outcome.has_value();
     m_wasEverConnected = m_wasEverConnected || m_isConnected;
     m_failure = outcome ? std::error_code() : outcome.error();
-    if (outcome)
+    if (outcome) {
         m_snapshot = *std::move(outcome);
+        m_lastRead = now;
+    }
 }
 
 // A meeting names its calendar by its title only. Where a switched-off calendar shares its title with another

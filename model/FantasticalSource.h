@@ -18,7 +18,14 @@ namespace quorvane {
 class FantasticalSource final
 {
 public:
-    void take(Result<FantasticalSnapshot> outcome);
+    /// A reading begins.
+    void begin() { m_isBusy = true; }
+    /// It has ended at `now` (Unix time, seconds).
+    void take(Result<FantasticalSnapshot> outcome, double now);
+
+    [[nodiscard]] bool isBusy() const { return m_isBusy; }
+    /// When the last good reading ended, Unix time in seconds.
+    [[nodiscard]] const std::optional<double> &lastRead() const { return m_lastRead; }
 
     /// Whether a reading has ended, well or not.
     [[nodiscard]] bool wasRead() const { return m_isConnected || m_failure; }
@@ -39,6 +46,8 @@ public:
 private:
     FantasticalSnapshot m_snapshot;
     std::error_code m_failure;
+    std::optional<double> m_lastRead;
+    bool m_isBusy = false;
     bool m_isConnected = false;
     bool m_wasEverConnected = false;
 };

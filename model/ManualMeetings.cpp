@@ -3,8 +3,6 @@
 
 #include "model/ManualMeetings.h"
 
-#include "core/StrictJson.h"
-#include "model/ManualMeetingText.h"
 #include "network/Secrets.h"
 
 #include <QCoroFuture>
@@ -18,6 +16,11 @@ using namespace Qt::StringLiterals;
 namespace quorvane {
 
 namespace {
+
+Failure cancelled()
+{
+    return Failure(std::make_error_code(std::errc::operation_canceled));
+}
 
 void drop(std::vector<Meeting> &meetings, const QString &id)
 {
@@ -82,39 +85,56 @@ QCoro::Task<Result<void>> ManualMeetings::sync(double now)
         const QFuture<void> ended = m_turn->future();
         co_await ended;
         if (!self)
-            co_return Failure(std::make_error_code(std::errc::operation_canceled));
+            co_return cancelled();
     }
     m_turn = std::make_shared<QPromise<void>>();
     m_turn->start();
     const Result<void> outcome = co_await readAndWrite(now);
     if (!self)
-        co_return Failure(std::make_error_code(std::errc::operation_canceled));
+        co_return cancelled();
     const std::shared_ptr<QPromise<void>> turn = std::exchange(m_turn, nullptr);
     turn->finish();
     co_return Result<void>(outcome);
 }
 
+// Whole or not, what can be understood counts from now on.
+ManualMeetingText ManualMeetings::take(const std::optional<QString> &text)
+{
+    ManualMeetingText held = ManualMeetingText::of(text.value_or(QString()));
+    m_isWhole = held.isWhole;
+    assume(held.meetings);
+    return held;
+}
+
+QCoro::Task<Result<void>> ManualMeetings::load()
+{
+    const QPointer<ManualMeetings> self(this);
+    const auto text = co_await m_secrets.read(Secrets::manualMeetings);
+    if (!text)
+        co_return Failure(text.error());
+    if (self && !m_isKnown)
+        (void)take(*text);
+    co_return Result<void>();
+}
+
 QCoro::Task<Result<void>> ManualMeetings::readAndWrite(double now)
 {
     const QPointer<ManualMeetings> self(this);
-    const Failure cancelled(std::make_error_code(std::errc::operation_canceled));
     const auto text = co_await m_secrets.read(Secrets::manualMeetings);
     if (!self)
-        co_return cancelled;
+        co_return cancelled();
     if (!text)
         co_return Failure(text.error());
-    ManualMeetingText held = ManualMeetingText::of(text->value_or(QString()));
-    if (!held.isWhole) {
+    if (!take(*text).isWhole) {
         const Result<void> kept = co_await setAside(**text);
         if (!self)
-            co_return cancelled;
+            co_return cancelled();
         if (!kept)
             co_return Failure(kept.error());
         Q_EMIT wasSetAside();
-    }
-    assume(std::move(held.meetings));
-    if (held.isWhole && isSaved())
+    } else if (isSaved()) {
         co_return Result<void>();
+    }
     const std::vector<Meeting> added = m_added;
     const QSet<QString> removed = m_removed;
     std::vector<Meeting> kept = m_meetings;
@@ -122,16 +142,23 @@ QCoro::Task<Result<void>> ManualMeetings::readAndWrite(double now)
     const QString fresh = ManualMeetingText::text(kept);
     const Result<void> written = co_await m_secrets.set(fresh, Secrets::manualMeetings);
     if (!self)
-        co_return cancelled;
+        co_return cancelled();
     if (!written)
         co_return Failure(written.error());
-    // What was done meanwhile is still to be written.
+    m_stored = std::move(kept);
+    settle(added, removed);
+    co_return Result<void>();
+}
+
+// What was done while these were on their way is still to be written.
+void ManualMeetings::settle(const std::vector<Meeting> &added, const QSet<QString> &removed)
+{
+    m_isWhole = true;
     std::erase_if(m_added, [&added](const Meeting &meeting) {
         return std::ranges::find(added, meeting) != added.end();
     });
     m_removed.subtract(removed);
-    assume(std::move(kept));
-    co_return Result<void>();
+    rebuild();
 }
 
 // Each time under another name: nothing that was set aside is ever overwritten.

@@ -5,6 +5,7 @@
 
 #include "core/Meeting.h"
 #include "core/Result.h"
+#include "model/ManualMeetingText.h"
 
 #include <QCoroTask>
 #include <QObject>
@@ -38,7 +39,7 @@ public:
     /// Whether the keyring has been read.
     [[nodiscard]] bool isKnown() const { return m_isKnown; }
     /// Whether there is nothing that the keyring does not hold yet.
-    [[nodiscard]] bool isSaved() const { return m_added.empty() && m_removed.isEmpty(); }
+    [[nodiscard]] bool isSaved() const { return m_added.empty() && m_removed.isEmpty() && m_isWhole; }
     [[nodiscard]] bool holds(const QString &id) const;
     /// Whether the meeting was removed here since the start.
     [[nodiscard]] bool wasRemoved(const QString &id) const { return m_everRemoved.contains(id); }
@@ -48,6 +49,9 @@ public:
     void remove(const QString &id);
     /// Takes `meetings` for what the keyring holds.
     void assume(std::vector<Meeting> meetings);
+
+    /// Reads the keyring, unless that has been done. Fails with the reading's error.
+    [[nodiscard]] QCoro::Task<Result<void>> load();
 
     /// Reads the keyring, applies the edits, and writes the outcome if there were any, without what is long
     /// over at `now` (Unix time, seconds). Calls do not overlap: each waits for the one before. Fails with
@@ -64,6 +68,8 @@ Q_SIGNALS:
 private:
     QCoro::Task<Result<void>> readAndWrite(double now);
     QCoro::Task<Result<void>> setAside(QString text);
+    [[nodiscard]] ManualMeetingText take(const std::optional<QString> &text);
+    void settle(const std::vector<Meeting> &added, const QSet<QString> &removed);
     void rebuild();
 
     Secrets &m_secrets;
@@ -74,6 +80,8 @@ private:
     QSet<QString> m_removed;
     QSet<QString> m_everRemoved;
     bool m_isKnown = false;
+    /// Whether all that the keyring held could be understood.
+    bool m_isWhole = true;
     /// Runs while a call does.
     std::shared_ptr<QPromise<void>> m_turn;
 };

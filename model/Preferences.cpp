@@ -3,9 +3,7 @@
 
 #include "model/Preferences.h"
 
-#include "core/StrictJson.h"
-
-#include <QSettings>
+#include "model/MeetingChoicesText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,6 +11,15 @@ namespace quorvane {
 
 namespace {
 
+const QString excludedCalendarsKey = u"excludedCalendars"_s;
+const QString meetingChoicesKey = u"meetingChoices"_s;
+const QString manualMeetingsKey = u"manualMeetings"_s;
+const QString pendingAcksKey = u"pendingAcks"_s;
+const QString uploadKey = u"uploadMacSnapshot"_s;
+const QString serverURLKey = u"serverURL"_s;
+const QString soundKey = u"soundEnabled"_s;
+const QString calendarFoldersKey = u"calendarFolders"_s;
+const QString ownAddressesKey = u"ownAddresses"_s;
 const QString fantasticalFolderKey = u"fantasticalFolderBookmark"_s;
 
 } // namespace
@@ -22,48 +29,125 @@ Preferences::Preferences(QString file)
 {
 }
 
+UserSettings Preferences::values() const
+{
+    return {
+        .excludedCalendars = excludedCalendars(),
+        .calendarFolders = calendarFolders(),
+        .ownAddresses = ownAddresses(),
+        .serverURL = serverURL(),
+        .uploadMacSnapshot = uploadMacSnapshot(),
+        .soundEnabled = soundEnabled(),
+    };
+}
+
+Result<void> Preferences::restore(const UserSettings &values, const MeetingChoices &choices)
+{
+    return m_file.edit([&] {
+        return SettingsFile::Changes{
+            {excludedCalendarsKey, values.excludedCalendars},
+            {calendarFoldersKey, values.calendarFolders},
+            {ownAddressesKey, values.ownAddresses},
+            {serverURLKey, values.serverURL},
+            {uploadKey, values.uploadMacSnapshot},
+            {soundKey, values.soundEnabled},
+            {meetingChoicesKey, MeetingChoicesText::text(choices)},
+        };
+    });
+}
+
 QStringList Preferences::excludedCalendars() const
 {
-    return list(u"excludedCalendars"_s);
+    return list(excludedCalendarsKey);
+}
+
+Result<void> Preferences::setCalendarEnabled(const QString &id, Switch enabled)
+{
+    return editList(excludedCalendarsKey, id, enabled == Switch::on ? Switch::off : Switch::on);
 }
 
 MeetingChoices Preferences::meetingChoices() const
 {
-    MeetingChoices choices;
-    const auto object = jsonObject(text(u"meetingChoices"_s).toUtf8());
-    if (!object)
-        return choices;
-    for (auto entry = object->begin(); entry != object->end(); ++entry) {
-        if (!entry->isBool())
-            return {};
-        choices.insert(entry.key(), entry->toBool());
-    }
-    return choices;
+    return MeetingChoicesText::choices(text(meetingChoicesKey)).value_or(MeetingChoices());
+}
+
+Result<void> Preferences::mergeMeetingChoices(const MeetingChoices &edits)
+{
+    return m_file.edit([&] {
+        MeetingChoices choices = meetingChoices();
+        choices.insert(edits);
+        return SettingsFile::Changes{{meetingChoicesKey, MeetingChoicesText::text(choices)},
+                                     {manualMeetingsKey, QVariant()}};
+    });
+}
+
+Result<void> Preferences::pruneMeetingChoices(const QSet<QString> &keptIDs)
+{
+    return m_file.edit([&] {
+        MeetingChoices choices = meetingChoices();
+        choices.removeIf([&keptIDs](const auto &choice) { return !keptIDs.contains(choice.key()); });
+        return SettingsFile::Changes{{meetingChoicesKey, MeetingChoicesText::text(choices)}};
+    });
 }
 
 QStringList Preferences::pendingAcks() const
 {
-    return list(u"pendingAcks"_s);
+    return list(pendingAcksKey);
+}
+
+Result<void> Preferences::setPendingAcks(const QStringList &ids)
+{
+    return write(pendingAcksKey, ids);
+}
+
+bool Preferences::uploadMacSnapshot() const
+{
+    return text(uploadKey).compare("true"_L1, Qt::CaseInsensitive) == 0;
+}
+
+Result<void> Preferences::setUploadMacSnapshot(Switch enabled)
+{
+    return write(uploadKey, enabled == Switch::on);
 }
 
 QString Preferences::serverURL() const
 {
-    return text(u"serverURL"_s);
+    return text(serverURLKey);
+}
+
+Result<void> Preferences::setServerURL(const QString &url)
+{
+    return write(serverURLKey, url);
 }
 
 bool Preferences::soundEnabled() const
 {
-    return text(u"soundEnabled"_s).compare("false"_L1, Qt::CaseInsensitive) != 0;
+    return text(soundKey).compare("false"_L1, Qt::CaseInsensitive) != 0;
+}
+
+Result<void> Preferences::setSoundEnabled(Switch enabled)
+{
+    return write(soundKey, enabled == Switch::on);
 }
 
 QStringList Preferences::calendarFolders() const
 {
-    return list(u"calendarFolders"_s);
+    return list(calendarFoldersKey);
+}
+
+Result<void> Preferences::addCalendarFolder(const QString &folder)
+{
+    return editList(calendarFoldersKey, folder, Switch::on);
+}
+
+Result<void> Preferences::removeCalendarFolder(const QString &folder)
+{
+    return editList(calendarFoldersKey, folder, Switch::off);
 }
 
 QStringList Preferences::ownAddresses() const
 {
-    return list(u"ownAddresses"_s);
+    return list(ownAddressesKey);
 }
 
 QString Preferences::fantasticalFolder() const
@@ -76,41 +160,32 @@ Result<void> Preferences::setFantasticalFolder(const QString &folder)
     return write(fantasticalFolderKey, folder);
 }
 
-Result<void> Preferences::setPendingAcks(const QStringList &ids)
-{
-    return write(u"pendingAcks"_s, ids);
-}
-
-bool Preferences::uploadMacSnapshot() const
-{
-    return text(u"uploadMacSnapshot"_s).compare("true"_L1, Qt::CaseInsensitive) == 0;
-}
-
 Result<void> Preferences::write(const QString &key, const QVariant &value)
 {
-    QSettings settings(m_file, QSettings::IniFormat);
-    const QVariant before = settings.value(key);
-    settings.setValue(key, value);
-    settings.sync();
-    if (settings.status() == QSettings::NoError)
-        return {};
-    // What could not be written would be remembered, and written at another time.
-    settings.setValue(key, before);
-    return Failure(std::make_error_code(std::errc::io_error));
+    return m_file.edit([&] { return SettingsFile::Changes{{key, value}}; });
+}
+
+Result<void> Preferences::editList(const QString &key, const QString &entry, Switch held)
+{
+    return m_file.edit([&] {
+        QStringList entries = list(key);
+        entries.removeAll(entry);
+        if (held == Switch::on)
+            entries.append(entry);
+        return SettingsFile::Changes{{key, entries}};
+    });
 }
 
 QStringList Preferences::list(const QString &key) const
 {
-    const QSettings settings(m_file, QSettings::IniFormat);
-    QStringList values = settings.value(key).toStringList();
+    QStringList values = m_file.value(key).toStringList();
     values.removeAll(QString());
     return values;
 }
 
 QString Preferences::text(const QString &key) const
 {
-    const QSettings settings(m_file, QSettings::IniFormat);
-    return settings.value(key).toString();
+    return m_file.value(key).toString();
 }
 
 } // namespace quorvane

@@ -49,6 +49,8 @@ public:
 
     /// The address of `path` on the user's own server, or `configuration`.
     [[nodiscard]] Result<QUrl> serverURL(const QString &path) const;
+    /// The same for a server at `address`.
+    [[nodiscard]] static Result<QUrl> serverURL(const QString &address, const QString &path);
 
     /// The server's schedule, the phone's acknowledgments and its health.
     [[nodiscard]] QCoro::Task<Result<ServerState>> state();

@@ -39,7 +39,11 @@ QByteArray compact(const QJsonObject &object)
 
 Result<QUrl> Network::serverURL(const QString &path) const
 {
-    const QString text = m_setup.serverAddress();
+    return serverURL(m_setup.serverAddress(), path);
+}
+
+Result<QUrl> Network::serverURL(const QString &text, const QString &path)
+{
     QUrl url(text, QUrl::StrictMode);
     // The text is asked where the parsed URL forgets: capitals in the scheme, an empty user name.
     const bool isPlain = text.startsWith("https://"_L1) && !text.section(u'/', 2, 2).contains(u'@');

@@ -7,6 +7,7 @@
 #include "calendars/linux/CallLimit.h"
 #include "calendars/linux/EvolutionError.h"
 #include "calendars/linux/EvolutionService.h"
+#include "calendars/records/CalendarColor.h"
 
 #include <algorithm>
 
@@ -24,6 +25,14 @@ QString idOf(ESource *source)
 QString nameOf(ESource *source)
 {
     return QString::fromUtf8(e_source_get_display_name(source));
+}
+
+std::optional<QString> colorOf(ESource *source)
+{
+    auto *calendar =
+        static_cast<ESourceSelectable *>(e_source_get_extension(source, E_SOURCE_EXTENSION_CALENDAR));
+    return CalendarColor::normalized(
+        QString::fromUtf8(GlibText(e_source_selectable_dup_color(calendar)).get()));
 }
 
 GlibPointer<ESource> parentOf(ESourceRegistry *registry, ESource *source)
@@ -96,8 +105,8 @@ Result<std::vector<CalendarOption>> EvolutionSession::calendars(const std::stop_
     std::vector<CalendarOption> options;
     for (const GlibPointer<ESource> &source : enabledSources()) {
         const GlibPointer<ESource> account = parentOf(m_registry.get(), source.get());
-        options.push_back(
-            {idOf(source.get()), nameOf(source.get()), account ? nameOf(account.get()) : QString()});
+        options.push_back({idOf(source.get()), nameOf(source.get()),
+                           account ? nameOf(account.get()) : QString(), colorOf(source.get())});
     }
     return options;
 }

@@ -7,6 +7,9 @@
 #include "calendars/ical/EventCollection.h"
 #include "calendars/ical/TimeZoneResolver.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <fcntl.h>
 
 #include <algorithm>
@@ -31,9 +34,37 @@ bool overlaps(const CalendarEvent &event, double from, double to)
 
 FolderReader::FolderReader(QStringList roots, const QStringList &ownAddresses, std::function<void()> changed)
     : m_roots(std::move(roots))
+    , m_addressTexts(ownAddresses)
     , m_addresses(ownAddresses)
     , m_changed(std::move(changed))
 {
+}
+
+bool FolderReader::use(const QStringList &roots, const QStringList &ownAddresses)
+{
+    if (roots == m_roots && ownAddresses == m_addressTexts)
+        return false;
+    if (ownAddresses != m_addressTexts)
+        m_kept.clear(); // who declined is kept with the events
+    m_roots = roots;
+    m_addressTexts = ownAddresses;
+    m_addresses = OwnAddresses(ownAddresses);
+    return true;
+}
+
+// Folders of one name are told apart by the folder above them.
+QString FolderReader::accountOf(const QString &root) const
+{
+    const QFileInfo info(root);
+    const QString name = info.fileName();
+    if (root == m_roots.constFirst() || name.isEmpty())
+        return FolderScan::defaultAccount;
+    const auto isNamesake = [&](const QString &other) {
+        return other != root && QFileInfo(other).fileName() == name;
+    };
+    return std::any_of(m_roots.begin(), m_roots.end(), isNamesake)
+               ? info.dir().dirName() + QStringLiteral("/") + name
+               : name;
 }
 
 Result<void> FolderReader::scan()
@@ -42,11 +73,13 @@ Result<void> FolderReader::scan()
         m_watch = std::make_unique<FolderWatch>(m_changed);
     m_watch->beginRound();
     FolderScan scan(*m_watch);
-    for (const QString &root : std::as_const(m_roots))
-        scan.addRoot(root);
+    for (const QString &root : std::as_const(m_roots)) {
+        if (scan.addRoot(root, accountOf(root)))
+            m_listedRoots.insert(root);
+    }
     m_watch->endRound();
     if (!scan.anyRootListed())
-        return Failure(make_error_code(CalendarError::unavailable));
+        return withoutRoots();
 
     m_unlisted = scan.unlisted();
     std::vector<FolderCalendar> found = scan.calendars();
@@ -64,6 +97,19 @@ Result<void> FolderReader::scan()
     return {};
 }
 
+// What was held of a folder that does not answer still counts, but not that of one that is no longer wanted.
+Result<void> FolderReader::withoutRoots()
+{
+    const bool anyMissed = std::any_of(m_roots.begin(), m_roots.end(),
+                                       [this](const QString &root) { return m_listedRoots.contains(root); });
+    if (anyMissed || m_listedRoots.isEmpty())
+        return Failure(make_error_code(CalendarError::unavailable));
+    m_calendars.clear();
+    m_kept.clear();
+    m_unlisted.clear();
+    return {};
+}
+
 bool FolderReader::isBelowUnlisted(const QString &id) const
 {
     return std::any_of(m_unlisted.begin(), m_unlisted.end(), [&id](const std::string &folder) {
@@ -78,7 +124,7 @@ Result<std::vector<CalendarOption>> FolderReader::calendars()
         return Failure(scanned.error());
     std::vector<CalendarOption> options;
     for (const FolderCalendar &calendar : m_calendars)
-        options.push_back({calendar.id, calendar.name, calendar.account});
+        options.push_back({calendar.id, calendar.name, calendar.account, calendar.color});
     return options;
 }
 

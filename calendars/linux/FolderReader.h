@@ -11,6 +11,7 @@
 #include "calendars/records/CalendarOption.h"
 #include "core/Result.h"
 
+#include <QSet>
 #include <QStringList>
 
 #include <functional>
@@ -35,6 +36,9 @@ public:
     /// `changed` is called on the worker thread.
     FolderReader(QStringList roots, const QStringList &ownAddresses, std::function<void()> changed);
 
+    /// Returns whether these are other ones than before.
+    bool use(const QStringList &roots, const QStringList &ownAddresses);
+
     [[nodiscard]] Result<std::vector<CalendarOption>> calendars();
     [[nodiscard]] Result<EventReading> events(double from, double to, const QStringList &ids,
                                               const std::stop_token &stop);
@@ -52,8 +56,10 @@ private:
         std::map<std::string, KeptFile> files;
     };
 
-    /// Fails when no root can be listed.
+    /// Fails when no root can be listed, unless those that could be are no longer wanted.
     Result<void> scan();
+    Result<void> withoutRoots();
+    [[nodiscard]] QString accountOf(const QString &root) const;
     void keepSpan(double from, double to);
     bool readCalendar(const FolderCalendar &calendar, EventReading &reading, double from, double to,
                       const std::stop_token &stop);
@@ -61,12 +67,15 @@ private:
     [[nodiscard]] bool isBelowUnlisted(const QString &id) const;
 
     QStringList m_roots;
+    QStringList m_addressTexts;
     OwnAddresses m_addresses;
     std::function<void()> m_changed;
     /// Made on the first use, on the worker thread.
     std::unique_ptr<FolderWatch> m_watch;
     std::vector<FolderCalendar> m_calendars;
     std::vector<std::string> m_unlisted;
+    /// Every root that could ever be listed, also if it is no longer wanted.
+    QSet<QString> m_listedRoots;
     std::map<QString, KeptCalendar> m_kept;
     ZoneDefinitions m_zones;
     QByteArray m_zoneName;

@@ -5,6 +5,7 @@
 
 #include "calendars/ical/CalendarText.h"
 #include "calendars/linux/BoundedFile.h"
+#include "calendars/records/CalendarColor.h"
 #include "posix/FileDescriptor.h"
 
 #include <QFile>
@@ -39,11 +40,11 @@ QString idOf(const std::string &path)
     return QStringLiteral("folder:") + QString::fromLocal8Bit(path);
 }
 
-/// The first line of the file `displayname` in the folder.
-QString displayName(const std::string &folder)
+/// The first line of the mark `name` in the folder.
+QString markText(const std::string &folder, const char *name)
 {
     constexpr std::int64_t limit = 4096;
-    const auto content = readBounded(AT_FDCWD, (folder + "/displayname").c_str(), limit);
+    const auto content = readBounded(AT_FDCWD, (folder + '/' + name).c_str(), limit);
     return content ? QString::fromUtf8(content->substr(0, content->find('\n'))).trimmed() : QString();
 }
 
@@ -110,23 +111,25 @@ FolderScan::FolderScan(FolderWatch &watch)
 {
 }
 
-void FolderScan::addRoot(const QString &root)
+bool FolderScan::addRoot(const QString &root, const QString &account)
 {
     const QFileInfo info(root);
     const QString canonical = info.canonicalFilePath();
     if (canonical.isEmpty()) {
         m_watch.await(QFile::encodeName(info.absoluteFilePath()).toStdString());
-        return;
+        return false;
     }
     const std::string path = QFile::encodeName(canonical).toStdString();
-    if (!info.isFile()) {
-        m_anyRootListed = visit(path, defaultAccount, 0) || m_anyRootListed;
-        return;
+    bool isListed = true;
+    if (info.isFile()) {
+        const std::size_t slash = path.rfind('/');
+        m_watch.addFolder(path.substr(0, slash));
+        addFileCalendar(path.substr(0, slash), path.substr(slash + 1), account);
+    } else {
+        isListed = visit(path, account, 0);
     }
-    const std::size_t slash = path.rfind('/');
-    m_watch.addFolder(path.substr(0, slash));
-    addFileCalendar(path.substr(0, slash), path.substr(slash + 1), defaultAccount);
-    m_anyRootListed = true;
+    m_anyRootListed = m_anyRootListed || isListed;
+    return isListed;
 }
 
 /// Returns whether the folder could be listed, now or on an earlier visit.
@@ -166,11 +169,12 @@ void FolderScan::addFolderCalendar(const std::string &path, Listing &listing, co
     const QString canonical =
         QFileInfo(QFile::decodeName(QByteArray::fromStdString(path))).canonicalFilePath();
     const std::string folder = QFile::encodeName(canonical).toStdString();
-    const QString own = displayName(folder);
+    const QString own = markText(folder, "displayname");
     listing.files.resize(std::min(listing.files.size(), mostFiles - m_fileCount));
     m_fileCount += listing.files.size();
     m_calendars.push_back({idOf(folder), own.isEmpty() ? baseName(path) : own, account, folder,
-                           std::move(listing.files), false});
+                           std::move(listing.files), false,
+                           CalendarColor::normalized(markText(folder, "color"))});
 }
 
 void FolderScan::addFileCalendar(const std::string &folder, const std::string &name, const QString &account)

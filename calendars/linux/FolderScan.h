@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -27,6 +28,8 @@ struct FolderCalendar
     /// Names of its .ics files, sorted.
     std::vector<std::string> files;
     bool isSingleFile = false;
+    /// As in `CalendarOption`.
+    std::optional<QString> color = std::nullopt;
 };
 
 /// Looks through the folders that were set up and finds the calendars in them.
@@ -42,7 +45,7 @@ struct FolderCalendar
 /// - a single .ics file.
 /// Folders are looked through to the depth of `deepest`; a folder with a `displayname` or `color` is a
 /// calendar even while it is empty. A calendar folder is named by its `displayname` or else by itself; its
-/// account is the folder between the root and it, as in root/account/calendar, or `defaultAccount`. Hidden
+/// account is the folder between the root and it, as in root/account/calendar, or that of the root. Hidden
 /// files and folders are passed over, links are followed, and what can be reached in two ways is listed once.
 class FolderScan final
 {
@@ -55,7 +58,8 @@ public:
 
     explicit FolderScan(FolderWatch &watch);
 
-    void addRoot(const QString &root);
+    /// `account` is that of the calendars right in the root. Returns whether the root could be listed.
+    bool addRoot(const QString &root, const QString &account = defaultAccount);
 
     [[nodiscard]] const std::vector<FolderCalendar> &calendars() const { return m_calendars; }
     /// Whether at least one root could be listed.

@@ -23,6 +23,14 @@ FolderStore::~FolderStore()
     m_worker.post([reader = std::move(m_reader)]() mutable { reader.reset(); });
 }
 
+void FolderStore::use(const QStringList &folders, const QStringList &ownAddresses)
+{
+    m_worker.post([reader = m_reader, changes = m_changes, folders, ownAddresses] {
+        if (reader->use(folders, ownAddresses))
+            changes->report();
+    });
+}
+
 QString FolderStore::name() const
 {
     return tr("Calendar folders");

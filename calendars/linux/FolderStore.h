@@ -25,11 +25,14 @@ class FolderStore final : public CalendarStore
     Q_OBJECT
 
 public:
-    /// `folders`: absolute paths. `ownAddresses`: the user's mail addresses, by which declined meetings are
-    /// told; a calendar that names its owner adds that one for itself.
+    /// `folders`: absolute paths, the first one the program's own. `ownAddresses`: the user's mail addresses,
+    /// by which declined meetings are told; a calendar that names its owner adds that one for itself.
     FolderStore(const QStringList &folders, const QStringList &ownAddresses,
                 BoundedWorker::Limit limit = BoundedWorker::defaultLimit, QObject *parent = nullptr);
     ~FolderStore() override;
+
+    /// Has these read from the next call on, and says that they have changed.
+    void use(const QStringList &folders, const QStringList &ownAddresses);
 
     [[nodiscard]] QString name() const override;
     [[nodiscard]] QCoro::Task<Result<std::vector<CalendarOption>>> calendars() override;

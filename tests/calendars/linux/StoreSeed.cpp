@@ -22,6 +22,7 @@ void write(const QString &path, const QByteArray &content)
 QString inFolder(const QString &root, const QString &name, const QByteArray &calendar)
 {
     write(root + u'/' + name + u"/calendar.ics"_s, calendar);
+    write(root + u'/' + name + u"/color"_s, "#62A0EAFF\n");
     return u"folder:"_s + QFileInfo(root + u'/' + name).canonicalFilePath();
 }
 
@@ -33,7 +34,7 @@ QString inEvolution(const QString &name, const QByteArray &calendar, const QStri
           "[Collection]\nBackendName=none\nCalendarEnabled=true\n");
     write(sources + name + u".source"_s,
           "[Data Source]\nDisplayName=Calendar " + name.toUtf8() +
-              "\nEnabled=true\nParent=work-account\n\n[Calendar]\nBackendName=local\nSelected=true\n\n"
+              "\nEnabled=true\nParent=work-account\n\n[Calendar]\nBackendName=local\nColor=#62A0EA\n\n"
               "[Local Backend]\nEmailAddress=" +
               ownAddress.toUtf8() + "\n");
     write(qEnvironmentVariable("XDG_DATA_HOME") + u"/evolution/calendar/"_s + name + u"/calendar.ics"_s,

@@ -41,6 +41,9 @@ private Q_SLOTS:
     void aChangeOfTheSameSizeIsRead();
     void aVanishedFileTakesItsEventsAlong();
     void aStoreWithoutFoldersIsUnavailable();
+    void foldersComeAndGoWhileItRuns();
+    void whatIsDisconnectedIsForgottenAlsoWhenNothingElseIsThere();
+    void theUsersAddressesMayChange();
 
 private:
     static QByteArray meeting(const QByteArray &title, const QByteArray &more = {})
@@ -304,6 +307,50 @@ void FolderStoreTest::aStoreWithoutFoldersIsUnavailable()
     QCOMPARE(QCoro::waitFor(store->calendars()).error(), make_error_code(CalendarError::unavailable));
     const QStringList ids{u"folder:/x"_s};
     QCOMPARE(QCoro::waitFor(store->events(0, 1, ids)).error(), make_error_code(CalendarError::unavailable));
+}
+
+void FolderStoreTest::foldersComeAndGoWhileItRuns()
+{
+    write(path(u"own/a.ics"_s), meeting("a"));
+    write(path(u"x/Team/b.ics"_s), meeting("b"));
+    write(path(u"y/Team/c.ics"_s), meeting("c"));
+    const QString own = path(u"own"_s);
+    store->use({own}, {});
+    QCOMPARE(titles(), QStringList(u"a"_s));
+    QSignalSpy changed(store.get(), &CalendarStore::changed);
+    store->use({own, path(u"x/Team"_s)}, {});
+    QTRY_COMPARE(changed.size(), 1);
+    QCOMPARE(titles(), QStringList({u"a"_s, u"b"_s}));
+    QCOMPARE(options().at(1).account, u"Team"_s);
+    store->use({own, path(u"x/Team"_s), path(u"y/Team"_s)}, {});
+    QCOMPARE(titles(), QStringList({u"a"_s, u"b"_s, u"c"_s}));
+    QCOMPARE(options().at(1).account, u"x/Team"_s);
+    QCOMPARE(options().at(2).account, u"y/Team"_s);
+    store->use({own}, {});
+    QCOMPARE(titles(), QStringList(u"a"_s));
+}
+
+void FolderStoreTest::whatIsDisconnectedIsForgottenAlsoWhenNothingElseIsThere()
+{
+    write(path(u"Team/b.ics"_s), meeting("b"));
+    const QString absent = path(u"own"_s);
+    store->use({absent}, {});
+    QVERIFY(!QCoro::waitFor(store->calendars()));
+    store->use({absent, path(u"Team"_s)}, {});
+    QCOMPARE(titles(), QStringList(u"b"_s));
+    QVERIFY(QDir(path(u"Team"_s)).removeRecursively());
+    QVERIFY(!QCoro::waitFor(store->calendars())); // missed, and so still held by whoever asks
+    store->use({absent}, {});
+    const auto left = QCoro::waitFor(store->calendars());
+    QVERIFY(left && left->empty());
+}
+
+void FolderStoreTest::theUsersAddressesMayChange()
+{
+    write(path(u"a.ics"_s), meeting("a", "ATTENDEE;PARTSTAT=DECLINED:mailto:new@example.com\n"));
+    QVERIFY(!readAll().events.at(0).declinedByUser);
+    store->use({folder->path()}, {u"new@example.com"_s});
+    QVERIFY(readAll().events.at(0).declinedByUser);
 }
 
 QTEST_GUILESS_MAIN(FolderStoreTest)

@@ -27,7 +27,7 @@ private Q_SLOTS:
     void occurrencesAreWhereTheCalendarPutsThem();
     void linksAndNotesAreUnfolded_data();
     void linksAndNotesAreUnfolded();
-    void calendarsAreNamedWithTheirAccount();
+    void calendarsAreShownWithAccountAndColour();
     void strangeIdentifiersArePassedOver_data();
     void strangeIdentifiersArePassedOver();
 
@@ -177,15 +177,17 @@ void StoreBehaviourTest::linksAndNotesAreUnfolded()
     QCOMPARE(third.notes, u"Join here\nhttps://zoom.us/j/3\nhttps://talk.example/3"_s);
 }
 
-void StoreBehaviourTest::calendarsAreNamedWithTheirAccount()
+void StoreBehaviourTest::calendarsAreShownWithAccountAndColour()
 {
     const auto inFolder = QCoro::waitFor(folders->calendars());
     QVERIFY(inFolder.has_value());
-    const CalendarOption expectedFolder{id(u"folder"_s, u"utc"_s), u"utc"_s, u"Calendar folder"_s};
+    const CalendarOption expectedFolder{id(u"folder"_s, u"utc"_s), u"utc"_s, u"Calendar folder"_s,
+                                        u"#62a0ea"_s};
     QVERIFY(std::find(inFolder->begin(), inFolder->end(), expectedFolder) != inFolder->end());
     const auto inEvolution = QCoro::waitFor(evolution->calendars());
     QVERIFY(inEvolution.has_value());
-    const CalendarOption expectedEvolution{u"evolution:utc"_s, u"Calendar utc"_s, u"Work account"_s};
+    const CalendarOption expectedEvolution{u"evolution:utc"_s, u"Calendar utc"_s, u"Work account"_s,
+                                           u"#62a0ea"_s};
     QVERIFY(std::find(inEvolution->begin(), inEvolution->end(), expectedEvolution) != inEvolution->end());
 }
 

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/SettingsFile.h"
+
+#include "model/FolderLock.h"
+#include "model/MeetingChoicesText.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QSettings>
+#include <QStringDecoder>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+namespace {
+
+const Failure notWritten(std::make_error_code(std::errc::io_error));
+
+bool isText(const QByteArray &bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder(bytes);
+    return !decoder.hasError() && !text.contains(QChar(u'\0'));
+}
+
+/// The values that are texts with a form of their own.
+bool isUnderstood(const QString &key, const QVariant &value)
+{
+    return key != "meetingChoices"_L1 ||
+           (value.typeId() == QMetaType::QString && MeetingChoicesText::choices(value.toString()));
+}
+
+} // namespace
+
+SettingsFile::SettingsFile(QString path)
+    : m_path(std::move(path))
+{
+}
+
+QVariant SettingsFile::value(const QString &key) const
+{
+    const QSettings settings(m_path, QSettings::IniFormat);
+    return settings.value(key);
+}
+
+SettingsFile::Condition SettingsFile::condition() const
+{
+    const QFileInfo info(m_path);
+    if (!info.exists())
+        return Condition::sound;
+    QFile file(m_path);
+    if (!info.isFile() || info.size() > largest || !file.open(QIODevice::ReadOnly) ||
+        !isText(file.read(largest)))
+        return Condition::unusable;
+    const QSettings settings(m_path, QSettings::IniFormat);
+    const QStringList keys = settings.allKeys();
+    const bool isWhole =
+        settings.status() == QSettings::NoError && std::ranges::all_of(keys, [&settings](const QString &key) {
+            return isUnderstood(key, settings.value(key));
+        });
+    return isWhole ? Condition::sound : Condition::partly;
+}
+
+SettingsFile::Changes SettingsFile::understood() const
+{
+    Changes values;
+    if (condition() == Condition::unusable)
+        return values;
+    const QSettings settings(m_path, QSettings::IniFormat);
+    const QStringList keys = settings.allKeys();
+    for (const QString &key : keys) {
+        if (isUnderstood(key, settings.value(key)))
+            values.insert(key, settings.value(key));
+    }
+    return values;
+}
+
+Result<void> SettingsFile::setAside()
+{
+    const Changes values = understood();
+    const QString stamp = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmss-zzz"_s);
+    if (!QDir().rename(m_path, m_path + u".damaged-"_s + stamp))
+        return notWritten;
+    return values.isEmpty() ? Result<void>() : write(values);
+}
+
+Result<void> SettingsFile::edit(const std::function<Changes()> &change)
+{
+    const QString folder = QFileInfo(m_path).path();
+    QDir().mkpath(folder);
+    const FolderLock lock(folder);
+    if (condition() != Condition::sound) {
+        if (const Result<void> saved = setAside(); !saved)
+            return saved;
+    }
+    return write(change());
+}
+
+Result<void> SettingsFile::write(const Changes &changes)
+{
+    QSettings settings(m_path, QSettings::IniFormat);
+    const auto apply = [&settings](const QString &key, const QVariant &value) {
+        if (value.isValid())
+            settings.setValue(key, value);
+        else
+            settings.remove(key);
+    };
+    Changes before;
+    for (auto change = changes.begin(); change != changes.end(); ++change) {
+        const QVariant old = settings.value(change.key());
+        if (old == change.value())
+            continue;
+        before.insert(change.key(), old);
+        apply(change.key(), change.value());
+    }
+    settings.sync();
+    if (settings.status() == QSettings::NoError)
+        return {};
+    // What could not be written would be remembered, and written at another time.
+    for (auto old = before.begin(); old != before.end(); ++old)
+        apply(old.key(), old.value());
+    return notWritten;
+}
+
+} // namespace quorvane

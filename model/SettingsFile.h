@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "core/Result.h"
+
+#include <QMap>
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+
+namespace quorvane {
+
+/// The ini file behind the user's settings, which other programs and a second copy of this one may change at
+/// any time: every question reads it anew when it changed, and whoever writes changes only what it means to.
+/// Main thread only.
+class SettingsFile final
+{
+public:
+    /// A larger file, in bytes, is none of ours.
+    static constexpr qint64 largest = 8'000'000;
+
+    enum class Condition {
+        /// It can be read, or is not there yet.
+        sound,
+        /// Parts of the text cannot be understood.
+        partly,
+        /// It is no text, too large, no file, or cannot be opened.
+        unusable,
+    };
+
+    /// New values by key; an invalid one removes the key.
+    using Changes = QMap<QString, QVariant>;
+
+    /// `path` need not exist.
+    explicit SettingsFile(QString path);
+
+    [[nodiscard]] const QString &path() const { return m_path; }
+    [[nodiscard]] QVariant value(const QString &key) const;
+    [[nodiscard]] Condition condition() const;
+
+    /// Asks `change` what is to be changed while no other copy of this program writes, and writes it: when it
+    /// returns, or when somebody kills it, there is the old or the new file. All else stays as it is,
+    /// comments do not. A file that is not sound is first set aside. Fails with `std::errc::io_error`, and
+    /// nothing has changed.
+    [[nodiscard]] Result<void> edit(const std::function<Changes()> &change);
+
+    /// Renames a file that is not sound to "<name>.damaged-<time>", so that it is neither obeyed nor
+    /// overwritten, and begins a new one with what could be understood of it. Fails with
+    /// `std::errc::io_error` when that is not possible.
+    [[nodiscard]] Result<void> setAside();
+
+private:
+    [[nodiscard]] Result<void> write(const Changes &changes);
+    [[nodiscard]] Changes understood() const;
+
+    QString m_path;
+};
+
+} // namespace quorvane
