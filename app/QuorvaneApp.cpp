@@ -8,6 +8,7 @@
 #include "alert/linux/DesktopDisplayWaker.h"
 #include "alert/linux/DesktopMotionPreference.h"
 #include "alert/linux/DesktopPlatform.h"
+#include "alert/linux/FrameSettler.h"
 #include "alert/linux/XdgLinkOpener.h"
 #include "app/ProgramResources.h"
 #include "app/UserFolders.h"
@@ -21,6 +22,7 @@
 #include "network/PinnedCertificate.h"
 #include "network/linux/SecretService.h"
 #include "process/linux/PosixProcessRunner.h"
+#include "ui/components/Appearance.h"
 #include "ui/dialogs/QuickFolderChooser.h"
 
 #include <QCoreApplication>
@@ -32,13 +34,11 @@ namespace quorvane {
 
 namespace {
 
-std::vector<std::unique_ptr<CalendarStore>> calendarStores(const Preferences &preferences)
+std::vector<std::unique_ptr<CalendarStore>> calendarStores(FolderStore *folders)
 {
     std::vector<std::unique_ptr<CalendarStore>> stores;
     stores.push_back(std::make_unique<EvolutionStore>());
-    stores.push_back(std::make_unique<FolderStore>(QStringList{UserFolders::calendarFolder()} +
-                                                       preferences.calendarFolders(),
-                                                   preferences.ownAddresses()));
+    stores.push_back(std::unique_ptr<CalendarStore>(folders));
     return stores;
 }
 
@@ -96,7 +96,9 @@ struct QuorvaneApp::Parts
     SecondTicker ticks;
     SystemWakeSource wakes{ticks};
     TimerSlackActivities activities;
-    CalendarReader calendarReader{calendarStores(preferences)};
+    /// The reader becomes its owner.
+    FolderStore *folderStore = new FolderStore({UserFolders::calendarFolder()}, {});
+    CalendarReader calendarReader{calendarStores(folderStore)};
     FantasticalReader fantasticalReader{readerConfiguration(preferences)};
     DesktopFolderChooser folderChooser{folderChoosers()};
     FantasticalAccess fantasticalAccess{QDir::homePath(), folderChooser, [this](const QString &folder) {
@@ -110,6 +112,7 @@ struct QuorvaneApp::Parts
     DesktopDisplayWaker waker;
     DesktopMotionPreference motion;
     XdgLinkOpener opener;
+    Appearance appearance{nullptr};
     Overlay overlay{
         {*placement, chime, waker, opener, motion, [this] { return preferences.soundEnabled(); }}};
 };
@@ -133,19 +136,30 @@ QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment
         .ledgerFile = UserFolders::ledgerFile(),
         .opener = m_parts->opener,
         .folderChooser = m_parts->folderChooser,
-        .useCalendarFolders = [](const QStringList &, const QStringList &) {},
+        .useCalendarFolders =
+            [&store = *m_parts->folderStore](const QStringList &folders, const QStringList &ownAddresses) {
+                store.use(QStringList{UserFolders::calendarFolder()} + folders, ownAddresses);
+            },
     };
     m_model = std::make_unique<AppModel>(modeOf(arguments), services);
+    m_dashboard =
+        std::make_unique<DashboardWindow>(*m_model, m_parts->appearance, nullptr, FrameSettler::whenSettled);
     if (arguments.contains(u"--preview-overlay"_s))
-        m_model->previewAlert();
+        QObject::connect(m_dashboard.get(), &DashboardWindow::painted, m_model.get(), &AppModel::previewAlert,
+                         Qt::SingleShotConnection);
 }
 
 QuorvaneApp::~QuorvaneApp() = default;
 
+void QuorvaneApp::openDashboard()
+{
+    m_dashboard->open();
+}
+
 void QuorvaneApp::reportTo(std::FILE *terminal)
 {
     std::fputs(
-        "Quorvane is running. It stays out of sight until a meeting is a minute away; Ctrl+C ends it.\n",
+        "Quorvane is running. Closing its window leaves it at work in the background; Ctrl+C ends it.\n",
         terminal);
     const auto print = [terminal](const QString &line) {
         std::fprintf(terminal, "%s\n", qUtf8Printable(line));

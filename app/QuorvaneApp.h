@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/AppModel.h"
+#include "ui/dashboard/DashboardWindow.h"
 
 #include <QProcessEnvironment>
 #include <QStringList>
@@ -25,6 +26,9 @@ public:
 
     [[nodiscard]] AppModel &model() const { return *m_model; }
 
+    /// Opens the dashboard, or brings it to the front.
+    void openDashboard();
+
     /// Tells in the terminal how things stand, for who started the program there.
     void reportTo(std::FILE *terminal);
 
@@ -33,6 +37,7 @@ private:
 
     std::unique_ptr<Parts> m_parts;
     std::unique_ptr<AppModel> m_model;
+    std::unique_ptr<DashboardWindow> m_dashboard;
 };
 
 } // namespace quorvane

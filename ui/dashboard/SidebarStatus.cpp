@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/dashboard/SidebarStatus.h"
+
+#include "model/AppModel.h"
+#include "ui/format/MeetingFormat.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorvane {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("SidebarStatus", text);
+}
+
+double unixTime(const QDateTime &time)
+{
+    return static_cast<double>(time.toMSecsSinceEpoch()) / 1000;
+}
+
+QDate dateOf(double time)
+{
+    return QDateTime::fromMSecsSinceEpoch(std::llround(time * 1000)).date();
+}
+
+QString lineOf(const SidebarStatus::Facts &facts, qsizetype failing)
+{
+    if (facts.pausedUntil)
+        return tr("Paused until %1").arg(MeetingFormat::clockTime(unixTime(*facts.pausedUntil)));
+    if (failing == 1)
+        return tr("One source needs you");
+    if (failing > 1)
+        return tr("%1 sources need you").arg(failing);
+    if (facts.calendars == 0)
+        return tr("Ready");
+    return tr("Watching %1").arg(MeetingFormat::plural(facts.calendars, tr("calendar")));
+}
+
+QString detailOf(const SidebarStatus::Facts &facts)
+{
+    const auto alertTime = [](const Meeting &meeting) { return meeting.start - AppModel::screenLead; };
+    const auto next = std::ranges::find_if(
+        facts.scheduledMeetings, [&](const Meeting &meeting) { return alertTime(meeting) > facts.now; });
+    if (next == facts.scheduledMeetings.end())
+        return facts.calendars == 0 ? tr("No calendar yet") : tr("No alert ahead");
+    const double at = alertTime(*next);
+    const QDate today = dateOf(facts.now);
+    const QString clock = MeetingFormat::clockTime(at);
+    if (dateOf(at) == today)
+        return tr("Next alert at %1").arg(clock);
+    return tr("Next alert: %1, %2").arg(MeetingFormat::dayTitle(dateOf(at), today), clock);
+}
+
+} // namespace
+
+qsizetype SidebarStatus::failing(const std::vector<SourceHealth> &sources)
+{
+    return std::ranges::count(sources, SourceHealth::State::failing, &SourceHealth::state);
+}
+
+SidebarStatus SidebarStatus::of(const Facts &facts)
+{
+    const qsizetype count = failing(facts.sources);
+    return {lineOf(facts, count), detailOf(facts), facts.pausedUntil || count > 0};
+}
+
+} // namespace quorvane

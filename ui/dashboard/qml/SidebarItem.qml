@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Templates as T
+import Quorvane.Components
+import Quorvane.Dashboard
+
+/// One section's entry.
+T.AbstractButton {
+    id: item
+
+    required property Dashboard dashboard
+    required property int section
+    required property bool isRail
+    required property string outline
+    /// What waits for the user there.
+    property int badge: 0
+
+    readonly property bool isCurrent: dashboard.section === section
+
+    implicitHeight: 42
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    Accessible.role: Accessible.PageTab
+    Accessible.name: badge > 0 ? qsTr("%1, %n need(s) you", "", badge).arg(text) : text
+    Accessible.selected: isCurrent
+    onClicked: dashboard.section = section
+    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+    Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+    Keys.onReturnPressed: click()
+    Keys.onEnterPressed: click()
+
+    background: Rectangle {
+        radius: 12
+        color: item.isCurrent ? Theme.navOn : item.hovered ? Theme.hover : "transparent"
+        border.width: item.isCurrent ? 1 : 0
+        border.color: Theme.line
+    }
+
+    contentItem: Item {
+        LineIcon {
+            x: item.isRail ? (parent.width - width) / 2 : 12
+            anchors.verticalCenter: parent.verticalCenter
+            width: 20
+            height: 20
+            outline: item.outline
+            color: item.isCurrent ? Theme.accentText : Theme.text2
+        }
+
+        Label {
+            x: 44
+            anchors.verticalCenter: parent.verticalCenter
+            visible: !item.isRail
+            width: parent.width - x - (item.badge > 0 ? 36 : 8)
+            style: Label.Strong
+            text: item.text
+            color: item.isCurrent ? Theme.text : Theme.text2
+            Accessible.ignored: true
+        }
+
+        Rectangle {
+            x: parent.width - (item.isRail ? 16 : 31)
+            y: item.isRail ? -4 : (parent.height - height) / 2
+            width: 20
+            height: 20
+            radius: 10
+            visible: item.badge > 0
+            color: Theme.warn
+
+            Label {
+                anchors.centerIn: parent
+                style: Label.Caption
+                text: item.badge
+                color: Theme.dark ? Theme.accentInk : Theme.white
+                Accessible.ignored: true
+            }
+        }
+    }
+
+    FocusRing {
+        visible: item.visualFocus
+        radius: 12
+    }
+
+    ToolTipText {
+        visible: item.isRail && item.hovered
+        text: item.text
+    }
+}
