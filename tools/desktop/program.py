@@ -62,6 +62,16 @@ class Program:
         self.process = self.desktop.start("quorvane", command, without=("QT_QPA_PLATFORM",),
                                           **self.environment)
 
+    def close_window(self):
+        """Closes the dashboard as soon as it is there; the program goes on."""
+        def closed():
+            try:
+                self.desktop.close_window("Quorvane")
+            except DesktopError:
+                return False
+            return True
+        wait_until("the dashboard", closed, 10, self.process, self.log)
+
     def kill(self):
         """Ends it as a crash would."""
         signal_group(self.process, signal.SIGKILL)
