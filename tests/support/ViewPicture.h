@@ -59,7 +59,7 @@ public:
     }
 
     // The view goes before the appearance that its engine uses.
-    Appearance appearance{nullptr};
+    Appearance appearance;
     QQuickView view;
 
 private:

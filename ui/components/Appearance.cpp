@@ -3,10 +3,6 @@
 
 #include "ui/components/Appearance.h"
 
-#include "ui/components/ComponentsModule.h"
-
-#include <QQmlEngine>
-
 namespace quorvane {
 
 namespace {
@@ -21,15 +17,6 @@ Appearance::Appearance(QObject *parent)
     m_fade.setDuration(fadeMilliseconds);
     connect(&m_fade, &QVariantAnimation::valueChanged, this,
             [this](const QVariant &value) { setDarkness(value.toDouble()); });
-}
-
-Appearance *Appearance::create(QQmlEngine *engine, QJSEngine *)
-{
-    if (Appearance *installed = ComponentsModule::installedAppearance(*engine)) {
-        QQmlEngine::setObjectOwnership(installed, QQmlEngine::CppOwnership);
-        return installed;
-    }
-    return new Appearance(nullptr);
 }
 
 void Appearance::setDark(bool dark)

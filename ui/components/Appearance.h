@@ -5,30 +5,20 @@
 
 #include <QObject>
 #include <QVariantAnimation>
-#include <QtQml/qqmlregistration.h>
-
-class QJSEngine;
-class QQmlEngine;
 
 namespace quorvane {
 
-/// Light or dark, and how much may move. The `Theme` of every view follows it. An engine has the one that
-/// `ComponentsModule::install` gave it, else one of its own, which is dark and moves. Lives on the main
-/// thread.
+/// Light or dark, and how much may move. The `Theme` of an engine's views follows the one that
+/// `ComponentsModule::install` gave to the engine, else one of its own, which is dark and moves. Lives on the
+/// main thread.
 class Appearance final : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
     Q_PROPERTY(bool dark READ isDark WRITE setDark NOTIFY darkChanged)
-    Q_PROPERTY(double darkness READ darkness NOTIFY darknessChanged)
     Q_PROPERTY(bool reduceMotion READ reduceMotion WRITE setReduceMotion NOTIFY reduceMotionChanged)
 
 public:
-    // Without a default, or the QML engine would make its own with it.
-    explicit Appearance(QObject *parent);
-    /// For the QML engine only.
-    static Appearance *create(QQmlEngine *engine, QJSEngine *);
+    explicit Appearance(QObject *parent = nullptr);
 
     [[nodiscard]] bool isDark() const { return m_dark; }
     /// How far the colours have gone from light (0) to dark (1).

@@ -16,7 +16,7 @@ Item {
         anchors.margins: -3
         visible: frame.focused && !frame.wrong
         radius: 14
-        color: Theme.faded(Theme.accent, 0.42 - 0.12 * Appearance.darkness)
+        color: Theme.fieldHalo
     }
 
     Rectangle {

@@ -12,7 +12,7 @@ Item {
     property real side: 30
     property color tint: Theme.accent
     property color vane: Theme.text
-    property color track: Theme.mixed(Theme.lineStrong, Theme.faded(Theme.cream, 0.18), Appearance.darkness)
+    property color track: Theme.markTrack
 
     implicitWidth: side
     implicitHeight: side

@@ -11,7 +11,7 @@ PressControl {
 
     property bool checked: false
     property color outline: Theme.switchOff
-    property color knobOff: Theme.mixed(Theme.text3, Theme.text2, 0.3 * Appearance.darkness)
+    property color knobOff: Theme.switchKnob
     /// How far the knob has gone from off (0) to on (1).
     property real travel: checked ? 1 : 0
 
