@@ -3,6 +3,8 @@
 
 #include "alert/TakeoverView.h"
 
+#include "ui/components/ComponentsModule.h"
+
 #include <QtCore/qresource.h>
 
 extern void qml_register_types_Quorvane_Alert();
@@ -20,6 +22,7 @@ void registerTypes()
 {
     static const bool registered = [] {
         initialiseResources();
+        ComponentsModule::registerTypes();
         qml_register_types_Quorvane_Alert();
         return true;
     }();

@@ -3,6 +3,7 @@
 
 import QtQuick
 import Quorvane.Alert
+import Quorvane.Components
 
 /// The countdown: clock and caption in a ring that empties over the last minute.
 Item {

@@ -3,6 +3,7 @@
 
 import QtQuick
 import Quorvane.Alert
+import Quorvane.Components
 
 /// Headline, dial, title, time and hint. Scrolls vertically when `room` is too low for them.
 Flickable {

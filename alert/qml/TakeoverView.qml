@@ -3,6 +3,7 @@
 
 import QtQuick
 import Quorvane.Alert
+import Quorvane.Components
 
 /// The content of an alert panel. Return acknowledges whatever has the focus, Space presses the focused button, Tab
 /// goes round; every other key is swallowed.
@@ -12,7 +13,7 @@ FocusScope {
     required property Takeover takeover
 
     readonly property takeoverMetrics metrics: takeover.metrics(width, height)
-    readonly property list<ActionButton> buttons: [joinButton, readyButton, remindButton]
+    readonly property list<AnswerButton> buttons: [joinButton, readyButton, remindButton]
     property color tint: takeover.tint
     property bool keysUsed: false
 
@@ -137,44 +138,44 @@ FocusScope {
             spacing: 14
             columns: stacked ? 1 : joinButton.visible ? 3 : 2
 
-            ActionButton {
+            AnswerButton {
                 id: joinButton
 
                 objectName: "join"
                 width: actions.stacked ? actions.stackedWidth : implicitWidth
                 visible: view.takeover.hasJoinLink
-                kind: ActionButton.Primary
+                kind: AnswerButton.Primary
                 text: qsTr("Join meeting")
-                icon: Theme.videoIcon
+                icon: Icons.video
                 tint: view.tint
                 showsFocus: view.keysUsed
                 Keys.forwardTo: [view]
                 onActivated: view.takeover.join()
             }
 
-            ActionButton {
+            AnswerButton {
                 id: readyButton
 
                 objectName: "ready"
                 width: actions.stacked ? actions.stackedWidth : implicitWidth
                 focus: true
-                kind: view.takeover.hasJoinLink ? ActionButton.Secondary : ActionButton.Primary
+                kind: view.takeover.hasJoinLink ? AnswerButton.Secondary : AnswerButton.Primary
                 text: qsTr("I’m ready")
-                icon: Theme.checkIcon
+                icon: Icons.check
                 tint: view.tint
                 showsFocus: view.keysUsed
                 Keys.forwardTo: [view]
                 onActivated: view.takeover.acknowledge()
             }
 
-            ActionButton {
+            AnswerButton {
                 id: remindButton
 
                 objectName: "remind"
                 width: actions.stacked ? actions.stackedWidth : implicitWidth
-                kind: ActionButton.Quiet
+                kind: AnswerButton.Quiet
                 text: qsTr("Remind me in 30 seconds")
-                icon: Theme.clockArrowIcon
+                icon: Icons.clockArrow
                 tint: view.tint
                 showsFocus: view.keysUsed
                 Keys.forwardTo: [view]

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import Quorvane.Alert
+import Quorvane.Components
 
 /// One of the alert's responses. The view above it handles the keys.
 Item {
@@ -21,16 +21,16 @@ Item {
     property bool showsFocus: false
 
     readonly property int padding: 26
-    readonly property bool isPrimary: kind === ActionButton.Primary
+    readonly property bool isPrimary: kind === AnswerButton.Primary
     readonly property color ink: isPrimary ? Theme.ink : Theme.cream
 
     signal activated
 
     function fill(hovered: bool) : color {
         switch (kind) {
-        case ActionButton.Primary:
+        case AnswerButton.Primary:
             return hovered ? Qt.lighter(tint, 1.08) : tint;
-        case ActionButton.Secondary:
+        case AnswerButton.Secondary:
             return Theme.faded(tint, hovered ? 0.22 : 0.14);
         default:
             return Theme.faded(Theme.white, hovered ? 0.06 : 0);
@@ -57,9 +57,9 @@ Item {
     Capsule {
         anchors.fill: parent
         fill: button.fill(pointer.containsMouse)
-        outline: button.kind === ActionButton.Quiet ? Theme.faded(Theme.white, pointer.containsMouse ? 0.40 : 0.24)
+        outline: button.kind === AnswerButton.Quiet ? Theme.faded(Theme.white, pointer.containsMouse ? 0.40 : 0.24)
                                                     : "transparent"
-        lineWidth: button.kind === ActionButton.Quiet ? 1 : 0
+        lineWidth: button.kind === AnswerButton.Quiet ? 1 : 0
     }
 
     Capsule {
