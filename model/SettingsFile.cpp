@@ -11,8 +11,10 @@
 #include <QFileInfo>
 #include <QSettings>
 #include <QStringDecoder>
+#include <QStringTokenizer>
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -22,11 +24,38 @@ namespace {
 
 const Failure notWritten(std::make_error_code(std::errc::io_error));
 
-bool isText(const QByteArray &bytes)
+/// The file's text; absent when the bytes are none.
+std::optional<QString> textOf(const QByteArray &bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(bytes);
-    return !decoder.hasError() && !text.contains(QChar(u'\0'));
+    QString text = decoder(bytes);
+    if (decoder.hasError() || text.contains(QChar(u'\0')))
+        return std::nullopt;
+    return text;
+}
+
+/// Whether every line is a comment, a section or a value. (QSettings tells so of a file once, and then
+/// remembers what it could read.) Quoted values may run over several lines.
+bool isIni(const QString &text)
+{
+    bool isQuoted = false;
+    bool isContinued = false;
+    for (const QStringView line : QStringTokenizer(text, u'\n')) {
+        const QStringView trimmed = line.trimmed();
+        const bool isComment = trimmed.startsWith(u';') || trimmed.startsWith(u'#');
+        const bool isSection = trimmed.startsWith(u'[') && trimmed.endsWith(u']');
+        const bool isNew = !isQuoted && !isContinued;
+        if (isNew && !trimmed.isEmpty() && !isComment && !isSection && !trimmed.contains(u'='))
+            return false;
+        isContinued = false;
+        for (qsizetype i = 0; i < line.size() && !(isNew && isComment); ++i) {
+            if (line[i] == u'\\')
+                isContinued = ++i >= line.size();
+            else if (line[i] == u'"')
+                isQuoted = !isQuoted;
+        }
+    }
+    return !isQuoted;
 }
 
 /// The values that are texts with a form of their own.
@@ -55,15 +84,16 @@ SettingsFile::Condition SettingsFile::condition() const
     if (!info.exists())
         return Condition::sound;
     QFile file(m_path);
-    if (!info.isFile() || info.size() > largest || !file.open(QIODevice::ReadOnly) ||
-        !isText(file.read(largest)))
+    if (!info.isFile() || info.size() > largest || !file.open(QIODevice::ReadOnly))
+        return Condition::unusable;
+    const std::optional<QString> text = textOf(file.read(largest));
+    if (!text)
         return Condition::unusable;
     const QSettings settings(m_path, QSettings::IniFormat);
     const QStringList keys = settings.allKeys();
-    const bool isWhole =
-        settings.status() == QSettings::NoError && std::ranges::all_of(keys, [&settings](const QString &key) {
-            return isUnderstood(key, settings.value(key));
-        });
+    const bool isWhole = isIni(*text) && std::ranges::all_of(keys, [&settings](const QString &key) {
+                             return isUnderstood(key, settings.value(key));
+                         });
     return isWhole ? Condition::sound : Condition::partly;
 }
 

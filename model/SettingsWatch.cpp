@@ -41,7 +41,8 @@ void SettingsWatch::follow()
     if (!m_watcher.directories().contains(folder))
         m_watcher.addPath(folder);
     m_watcher.removePath(m_file);
-    m_watcher.addPath(m_file);
+    if (QFileInfo::exists(m_file))
+        m_watcher.addPath(m_file);
 }
 
 } // namespace quorvane

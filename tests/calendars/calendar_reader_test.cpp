@@ -30,6 +30,7 @@ private Q_SLOTS:
     void aFailingStoreKeepsItsMeetings();
     void aFailingCalendarKeepsItsMeetings();
     void aHangingStoreHoldsUpNoOther();
+    void everyStoreTellsHowItsAccountsAre();
 
 private:
     static constexpr double now = 1'800'000'000;
@@ -243,6 +244,31 @@ void CalendarReaderTest::aHangingStoreHoldsUpNoOther()
     Q_EMIT first->released();
     QCoro::waitFor(std::move(reading));
     QCOMPARE(reader->events(now, {}).size(), std::size_t(3));
+}
+
+void CalendarReaderTest::everyStoreTellsHowItsAccountsAre()
+{
+    first->options = {{u"a"_s, u"A"_s, u"One"_s}, {u"b"_s, u"B"_s, u"Two"_s}, {u"c"_s, u"C"_s, u"Two"_s}};
+    second->failure = CalendarError::unavailable;
+    read();
+    first->reading.unreadableCalendars = {u"b"_s};
+    QCoro::waitFor(reader->read(now + 60, {}));
+    StoreState state = reader->stores().at(0);
+    QCOMPARE(state.unreadableCalendars, QStringList(u"b"_s));
+    QVERIFY(state.problem && !state.isBusy && !state.isAbsent);
+    QCOMPARE(state.lastRead(u"One"_s), now + 60);
+    QCOMPARE(state.lastRead(u"Two"_s), now);
+    QVERIFY(reader->stores().at(1).isAbsent);
+    first->failure = CalendarError::timedOut;
+    QCoro::waitFor(reader->read(now + 120, {}));
+    state = reader->stores().at(0);
+    QVERIFY(state.problem == CalendarError::timedOut && state.unreadableCalendars.isEmpty());
+    QCOMPARE(state.calendars.size(), 3u);
+    QCOMPARE(state.lastRead(u"One"_s), now + 60);
+    first->failure.clear();
+    first->reading.unreadableCalendars.clear();
+    QCoro::waitFor(reader->read(now + 180, {u"b"_s})); // an account counts without what is switched off in it
+    QCOMPARE(reader->stores().at(0).lastRead(u"Two"_s), now + 180);
 }
 
 QTEST_GUILESS_MAIN(CalendarReaderTest)

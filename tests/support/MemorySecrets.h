@@ -8,6 +8,7 @@
 #include <QCoroFuture>
 #include <QMap>
 #include <QPromise>
+#include <QStringList>
 
 namespace quorvane {
 
@@ -28,6 +29,12 @@ public:
 
     [[nodiscard]] QCoro::Task<Result<void>> write(QString account, QByteArray value) override
     {
+        const QFuture<void> held = writeHold.future();
+        if (held.isRunning())
+            co_await held;
+        written.append(account);
+        if (refused.contains(account))
+            co_return Failure(std::make_error_code(std::errc::permission_denied));
         values[account] = value;
         co_return Result<void>();
     }
@@ -38,6 +45,11 @@ public:
     /// What reads fail with, as those of a locked keyring.
     std::error_code failure;
     int reads = 0;
+    /// Started to let the writes wait.
+    QPromise<void> writeHold;
+    /// Accounts that cannot be written, and all that were tried.
+    QStringList refused;
+    QStringList written;
 };
 
 } // namespace quorvane

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void aSnapshotThatIsNotWholeIsRefused_data();
     void aSnapshotThatIsNotWholeIsRefused();
     void theReadersWordsStandForErrors();
+    void coloursAreTakenInEverySpelling_data();
+    void coloursAreTakenInEverySpelling();
 };
 
 void FantasticalSnapshotTest::aSnapshotIsReadAsItIsWritten()
@@ -93,6 +95,33 @@ void FantasticalSnapshotTest::theReadersWordsStandForErrors()
     QVERIFY(errorOfToken("unsupported_format") == FantasticalReadError::unsupportedFormat);
     for (const char *other : {"", "access_denied ", "Access_denied", "helper_failed"})
         QVERIFY(!errorOfToken(other));
+}
+
+void FantasticalSnapshotTest::coloursAreTakenInEverySpelling_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("color");
+    QTest::newRow("plain") << u"#62a0ea"_s << u"#62a0ea"_s;
+    QTest::newRow("capitals and blanks") << u" #62A0EA\n"_s << u"#62a0ea"_s;
+    QTest::newRow("with an opacity") << u"#62a0eaFF"_s << u"#62a0ea"_s;
+    QTest::newRow("short") << u"#6ae"_s << u"#66aaee"_s;
+    QTest::newRow("16 bits a channel") << u"#6212a034ea56"_s << u"#62a0ea"_s;
+    QTest::newRow("a name") << u"tomato"_s << QString();
+    QTest::newRow("no hexadecimal") << u"#62a0eg"_s << QString();
+    QTest::newRow("without the sign") << u"62a0ea0"_s << QString();
+    QTest::newRow("empty") << QString() << QString();
+}
+
+void FantasticalSnapshotTest::coloursAreTakenInEverySpelling()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, color);
+    const QJsonObject object{
+        {"id"_L1, u"c"_s}, {"name"_L1, u"n"_s}, {"account"_L1, u"a"_s}, {"color"_L1, text}};
+    const auto option = CalendarOption::fromJson(object);
+    QVERIFY(option);
+    QCOMPARE(option->color.value_or(QString()), color);
+    QVERIFY(*CalendarOption::fromJson(option->toJson()) == *option);
 }
 
 QTEST_APPLESS_MAIN(FantasticalSnapshotTest)
