@@ -36,7 +36,7 @@ QString AlertSettings::pauseNote() const
     const auto &until = m_model.pausedUntil();
     return until ? tr("Paused until %1.")
                        .arg(MeetingFormat::clockTime(static_cast<double>(until->toSecsSinceEpoch())))
-                 : tr("No alert covers the screen meanwhile.");
+                 : QString();
 }
 
 QString AlertSettings::pauseAction() const

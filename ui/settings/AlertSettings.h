@@ -29,6 +29,7 @@ public:
     [[nodiscard]] bool soundEnabled() const;
     void setSoundEnabled(bool enabled);
     [[nodiscard]] bool isPaused() const;
+    /// Until when; empty while alerts are not paused.
     [[nodiscard]] QString pauseNote() const;
     /// What `togglePause` would do.
     [[nodiscard]] QString pauseAction() const;

@@ -51,6 +51,8 @@ void FormField::setStored(const QString &stored)
     if (stored == m_stored)
         return;
     m_stored = stored;
+    if (m_kind == Kind::open)
+        settle(stored);
     followStored();
     Q_EMIT changed();
 }

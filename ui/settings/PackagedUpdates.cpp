@@ -9,7 +9,8 @@ namespace quorvane {
 
 QString PackagedUpdates::version() const
 {
-    return tr("Version %1").arg(QCoreApplication::applicationVersion());
+    const QString version = QCoreApplication::applicationVersion();
+    return tr("Version %1").arg(version.isEmpty() ? tr("Development") : version);
 }
 
 } // namespace quorvane

@@ -12,13 +12,12 @@ namespace quorvane {
 ServerSettings::ServerSettings(AppModel &model, QObject *parent)
     : QObject(parent)
     , m_model(model)
-    , m_address(
-          FormField::Kind::open,
-          [&model](const QString &text) {
-              return model.acceptsServerURL(text)
-                         ? QString()
-                         : tr("The address begins with https:// and has no user name, query or fragment.");
-          })
+    , m_address(FormField::Kind::open,
+                [&model](const QString &text) {
+                    return model.acceptsServerURL(text)
+                               ? QString()
+                               : tr("Use an HTTPS address without user name, password, query or fragment.");
+                })
     , m_token(FormField::Kind::secret, &FieldRules::serverToken)
     , m_actions(model)
 {

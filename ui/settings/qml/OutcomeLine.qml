@@ -21,7 +21,7 @@ Item {
     Accessible.name: text
 
     LineIcon {
-        anchors.verticalCenter: words.verticalCenter
+        y: words.y + 2
         width: 14
         height: 14
         outline: line.problem ? Icons.warning : line.icon

@@ -24,7 +24,7 @@ Item {
 
         y: row.stacks ? 0 : Math.round((row.height - height) / 2)
         width: row.stacks ? row.width : row.width - trailing.width - 16
-        spacing: 3
+        spacing: 2
 
         Label {
             width: parent.width

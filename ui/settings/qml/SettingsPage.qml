@@ -23,7 +23,7 @@ Item {
 
     ScrollArea {
         anchors.fill: parent
-        contentHeight: Math.max(left.y + left.height, right.y + right.height) + page.margin
+        contentHeight: Math.max(left.y + left.height, right.y + right.height) + page.gap
 
         PageHeading {
             x: page.margin
