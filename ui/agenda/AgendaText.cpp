@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/agenda/AgendaText.h"
+
+#include "ui/format/MeetingFormat.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane::AgendaText {
+
+namespace {
+
+QDateTime local(double time)
+{
+    return QDateTime::fromMSecsSinceEpoch(qRound64(time * 1000));
+}
+
+bool hasMonthFirst(const QLocale &locale)
+{
+    const QString format = locale.dateFormat(QLocale::LongFormat);
+    return format.indexOf(u"MMMM") < format.lastIndexOf(u'd');
+}
+
+} // namespace
+
+QDate day(double time)
+{
+    return local(time).date();
+}
+
+QString dayDate(QDate date, QDate today)
+{
+    const QLocale locale = QLocale::system();
+    const bool monthFirst = locale.language() != QLocale::C && hasMonthFirst(locale);
+    const QString dayAndMonth = locale.toString(date, monthFirst ? u"MMMM d"_s : u"d MMMM"_s);
+    const QString weekday = locale.dayName(date.dayOfWeek(), QLocale::LongFormat);
+    if (MeetingFormat::dayTitle(date, today) == weekday)
+        return dayAndMonth;
+    return weekday + (monthFirst ? u", "_s : u" "_s) + dayAndMonth;
+}
+
+QString ago(double seconds)
+{
+    const auto minutes = static_cast<qint64>(std::max(0.0, seconds) / 60);
+    if (minutes < 1)
+        return u"just now"_s;
+    if (minutes < 60)
+        return u"%1 min ago"_s.arg(minutes);
+    if (minutes < 24 * 60)
+        return u"%1 h ago"_s.arg(minutes / 60);
+    return MeetingFormat::plural(minutes / (24 * 60), u"day"_s) + u" ago"_s;
+}
+
+QString dialTime(double time)
+{
+    QString digits = MeetingFormat::clockTime(time);
+    erase_if(digits, [](QChar letter) { return !letter.isDigit() && !letter.isPunct(); });
+    return digits;
+}
+
+double minuteAngle(double time)
+{
+    const QTime clock = local(time).time();
+    return 6 * (clock.minute() + (clock.second() + clock.msec() / 1000.0) / 60.0);
+}
+
+QString spoken(const QStringList &parts)
+{
+    QStringList said = parts;
+    said.removeAll(QString());
+    return said.join(u", ");
+}
+
+} // namespace quorvane::AgendaText

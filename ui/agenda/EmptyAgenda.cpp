@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/agenda/EmptyAgenda.h"
+
+#include "model/AppModel.h"
+#include "ui/format/MeetingFormat.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+namespace {
+
+EmptyFace reading()
+{
+    return {.isShown = true,
+            .title = u"Reading your calendars…"_s,
+            .text = u"Meetings appear here as each calendar answers."_s};
+}
+
+EmptyFace noMeetings()
+{
+    return {.isShown = true,
+            .title = u"No meetings in the next 14 days"_s,
+            .text =
+                u"What is added to your calendars appears here by itself. Anything else you must not miss "
+                "can be added by hand."_s,
+            .offersAdd = true};
+}
+
+void describe(EmptyFace &face)
+{
+    switch (face.step) {
+    case 1:
+        face.title = u"Nothing on the horizon"_s;
+        face.text =
+            u"Connect a calendar and its meetings appear here. Anything else you must not miss can be "
+            "added by hand."_s;
+        break;
+    case 2:
+        face.title = u"No meetings in the next 14 days"_s;
+        face.text =
+            u"Your calendars are connected. Add a meeting by hand, or see now what an alert looks like."_s;
+        break;
+    case 3:
+        face.title = u"You will not miss these"_s;
+        face.text =
+            u"See what an alert looks like before the first one comes. It covers every display with a "
+            "sample meeting."_s;
+        break;
+    }
+}
+
+} // namespace
+
+EmptyAgenda::EmptyAgenda(AppModel &model, QObject *parent)
+    : QObject(parent)
+    , m_model(model)
+{
+    connect(&model, &AppModel::meetingsChanged, this, &EmptyAgenda::update);
+    connect(&model, &AppModel::calendarsChanged, this, &EmptyAgenda::update);
+    connect(&model, &AppModel::isRefreshingChanged, this, &EmptyAgenda::update);
+    update();
+}
+
+void EmptyAgenda::previewAlert()
+{
+    m_model.previewAlert();
+    leaveSteps();
+}
+
+void EmptyAgenda::leaveSteps()
+{
+    m_steps = Steps::left;
+    update();
+}
+
+void EmptyAgenda::update()
+{
+    lookForStart();
+    const EmptyFace face = currentFace();
+    if (face == m_face)
+        return;
+    m_face = face;
+    Q_EMIT faceChanged();
+}
+
+void EmptyAgenda::lookForStart()
+{
+    const bool isNew = m_model.records().isEmpty() || calendarCount() == 0;
+    if (m_steps == Steps::notBegun && isNew && !isReading() && m_model.calendarEvents().empty())
+        m_steps = Steps::underWay;
+}
+
+// Before the first refresh has ended nobody knows whether there are meetings.
+bool EmptyAgenda::isReading() const
+{
+    return m_model.isRefreshing() && !m_model.lastRefresh();
+}
+
+qsizetype EmptyAgenda::calendarCount() const
+{
+    return static_cast<qsizetype>(m_model.calendars().size() + m_model.fantasticalCalendars().size());
+}
+
+EmptyFace EmptyAgenda::currentFace() const
+{
+    if (m_steps == Steps::underWay)
+        return steps();
+    if (!m_model.calendarEvents().empty())
+        return {};
+    return isReading() ? reading() : noMeetings();
+}
+
+EmptyFace EmptyAgenda::steps() const
+{
+    const qsizetype calendars = calendarCount();
+    const auto meetings = static_cast<qsizetype>(m_model.calendarEvents().size());
+    EmptyFace face;
+    face.isShown = true;
+    face.isCalendarDone = calendars > 0;
+    face.isMeetingDone = meetings > 0;
+    face.step = face.isMeetingDone ? 3 : face.isCalendarDone ? 2 : 1;
+    face.calendarStep = face.isCalendarDone
+                            ? MeetingFormat::plural(calendars, u"calendar"_s) + u" connected"_s
+                            : u"Connect a calendar"_s;
+    face.meetingStep = face.isMeetingDone ? MeetingFormat::plural(meetings, u"meeting"_s) + u" found"_s
+                                          : u"Have a meeting"_s;
+    face.offersConnect = face.step == 1;
+    face.offersAdd = face.step < 3;
+    face.offersPreview = face.step > 1;
+    face.offersList = face.step == 3;
+    describe(face);
+    return face;
+}
+
+} // namespace quorvane

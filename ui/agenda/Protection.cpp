@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/agenda/Protection.h"
+
+#include "model/AppModel.h"
+#include "ui/format/MeetingFormat.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+namespace {
+
+QString clockText(const QDateTime &time)
+{
+    return MeetingFormat::clockTime(static_cast<double>(time.toMSecsSinceEpoch()) / 1000);
+}
+
+} // namespace
+
+Protection::Protection(AppModel &model, QObject *parent)
+    : QObject(parent)
+    , m_model(model)
+{
+    connect(&model, &AppModel::pausedUntilChanged, this, &Protection::update);
+    connect(&model, &AppModel::phoneHealthChanged, this, &Protection::update);
+    connect(&model, &AppModel::statusChanged, this, &Protection::update);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &Protection::update);
+    // The display that goes is still in the list when this is told.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &Protection::update, Qt::QueuedConnection);
+    m_state = state();
+}
+
+void Protection::togglePause()
+{
+    if (m_model.pausedUntil())
+        m_model.resumeAlerts();
+    else
+        m_model.pauseAlerts();
+}
+
+void Protection::update()
+{
+    const State now = state();
+    if (now == m_state)
+        return;
+    m_state = now;
+    Q_EMIT changed();
+}
+
+Protection::State Protection::state() const
+{
+    const PhoneHealth::State phone = m_model.phoneHealth().state;
+    return {
+        .screenText = screenState(),
+        .phoneText = phoneState(),
+        .phoneDetail = m_model.cloudStatus(),
+        .isPaused = m_model.pausedUntil().has_value(),
+        .isPhoneReady = phone == PhoneHealth::State::ready,
+        .hasPhoneFailed = phone == PhoneHealth::State::failed,
+    };
+}
+
+QString Protection::screenState() const
+{
+    if (m_model.pausedUntil())
+        return u"Paused until "_s + clockText(*m_model.pausedUntil());
+    return u"On · "_s + MeetingFormat::plural(QGuiApplication::screens().size(), u"display"_s);
+}
+
+QString Protection::phoneState() const
+{
+    const PhoneHealth health = m_model.phoneHealth();
+    switch (health.state) {
+    case PhoneHealth::State::unknown:
+        return u"Waiting for the keyring"_s;
+    case PhoneHealth::State::notSetUp:
+        return u"Not set up"_s;
+    case PhoneHealth::State::ready:
+        return health.testedAt ? u"Ready · tested "_s + clockText(*health.testedAt) : u"Ready"_s;
+    case PhoneHealth::State::failed:
+        return u"Last message failed"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace quorvane
