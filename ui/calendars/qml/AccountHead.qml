@@ -44,7 +44,7 @@ Item {
     Row {
         id: health
 
-        x: actions.x - width - (actions.width > 0 ? 7 : 4)
+        x: actions.x - width - (head.isFailing ? 20 : disconnect.visible ? 7 : 0)
         height: 32
         spacing: 7
 

@@ -14,8 +14,17 @@ FocusScope {
     /// How far it has come up, 0 to 1.
     property real presence: 0
 
+    readonly property Item focusedItem: Window.activeFocusItem
+
     signal dismissed
 
+    function reveal() {
+        if (activeFocus && focusedItem)
+            body.reveal(focusedItem);
+    }
+
+    onFocusedItemChanged: reveal()
+    onHeightChanged: reveal()
     focus: true
     Accessible.role: Accessible.Dialog
     Accessible.name: qsTr("Add a meeting")
@@ -59,7 +68,9 @@ FocusScope {
     }
 
     FocusFence {
-        onEntered: last.previous().forceActiveFocus(Qt.BacktabFocusReason)
+        id: first
+
+        onEntered: last.goBack()
     }
 
     Item {
@@ -97,6 +108,6 @@ FocusScope {
     FocusFence {
         id: last
 
-        onEntered: body.begin()
+        onEntered: first.goOn()
     }
 }

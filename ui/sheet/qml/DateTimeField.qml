@@ -46,10 +46,8 @@ FocusScope {
         focusPolicy: Qt.StrongFocus
         onClicked: box.open()
         Keys.onDownPressed: box.open()
-        Accessible.role: Accessible.ButtonDropDown
         Accessible.name: qsTr("%1: %2").arg(box.label).arg(box.choice.text)
         Accessible.description: box.error
-        Accessible.onPressAction: box.open()
 
         contentItem: Label {
             verticalAlignment: Text.AlignVCenter
@@ -85,6 +83,7 @@ FocusScope {
 
             y: field.height + 6
             choice: box.choice
+            onClosed: field.forceActiveFocus(Qt.TabFocusReason)
         }
     }
 

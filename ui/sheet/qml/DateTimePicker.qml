@@ -12,11 +12,13 @@ T.Popup {
 
     required property DateTimeChoice choice
 
+    implicitWidth: contentItem.implicitWidth + leftPadding + rightPadding
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     margins: 8
     padding: 14
     focus: true
     closePolicy: T.Popup.CloseOnPressOutside
-    onOpened: contentItem.forceActiveFocus(Qt.TabFocusReason)
+    onOpened: (contentItem as PickerBody).begin()
 
     contentItem: PickerBody {
         choice: picker.choice

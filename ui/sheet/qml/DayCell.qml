@@ -6,7 +6,7 @@ import QtQuick.Templates as T
 import Quorvane.Components
 
 /// One day of a month.
-T.AbstractButton {
+T.RadioButton {
     id: cell
 
     required property int index
@@ -19,14 +19,12 @@ T.AbstractButton {
 
     objectName: "day"
     enabled: selectable
+    checked: chosen
+    autoExclusive: false
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
-    Accessible.role: Accessible.RadioButton
     Accessible.name: name
     Accessible.description: today ? qsTr("Today") : ""
-    Accessible.checkable: true
-    Accessible.checked: chosen
-    Accessible.onPressAction: clicked()
 
     background: Item {
         Rectangle {

@@ -7,8 +7,13 @@ import QtQuick
 Item {
     signal entered
 
-    function previous() : Item {
-        return nextItemInFocusChain(false);
+    /// Hands the keyboard to what stands behind the fence.
+    function goOn() {
+        nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+    }
+    /// Hands it to what stands before the fence.
+    function goBack() {
+        nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
     }
 
     activeFocusOnTab: true

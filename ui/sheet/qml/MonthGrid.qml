@@ -90,8 +90,8 @@ FocusScope {
             width: grid.cellWidth
             height: grid.cellHeight
             onClicked: {
-                days.forceActiveFocus(Qt.MouseFocusReason);
                 grid.choice.chooseDay(index);
+                days.forceActiveFocus(Qt.MouseFocusReason);
             }
         }
     }

@@ -13,6 +13,10 @@ FocusScope {
 
     signal done
 
+    function begin() {
+        grid.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     implicitWidth: grid.implicitWidth
     implicitHeight: time.y + time.height
     focus: true

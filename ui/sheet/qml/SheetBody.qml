@@ -36,7 +36,7 @@ Flickable {
         id: content
 
         width: body.width
-        height: buttons.y + buttons.height + body.padding
+        height: buttons.y + buttons.height + body.padding + 3
 
         Label {
             id: heading
@@ -94,7 +94,10 @@ Flickable {
                 text: body.form.title
                 error: body.form.titleError
                 onEdited: text => body.form.title = text
-                onActiveFocusChanged: activeFocus ? body.reveal(title) : body.form.leaveTitle()
+                onActiveFocusChanged: {
+                    if (!activeFocus)
+                        body.form.leaveTitle();
+                }
             }
 
             Row {
@@ -108,30 +111,18 @@ Flickable {
                     label: qsTr("Starts")
                     choice: body.form.startChoice
                     error: body.form.startError
-                    onActiveFocusChanged: {
-                        if (activeFocus)
-                            body.reveal(starts);
-                    }
                 }
 
                 ChoiceBox {
-                    id: duration
-
                     width: parent.width - starts.width - parent.spacing
                     label: qsTr("Duration")
                     model: body.form.durationLabels
                     currentIndex: body.form.durationIndex
                     onActivated: index => body.form.chooseDuration(index)
-                    onActiveFocusChanged: {
-                        if (activeFocus)
-                            body.reveal(duration);
-                    }
                 }
             }
 
             TextBox {
-                id: link
-
                 objectName: "link"
                 width: parent.width
                 label: qsTr("Meeting link (optional)")
@@ -141,7 +132,10 @@ Flickable {
                 text: body.form.link
                 error: body.form.linkError
                 onEdited: text => body.form.link = text
-                onActiveFocusChanged: activeFocus ? body.reveal(link) : body.form.leaveLink()
+                onActiveFocusChanged: {
+                    if (!activeFocus)
+                        body.form.leaveLink();
+                }
             }
         }
 
@@ -163,32 +157,20 @@ Flickable {
             spacing: 10
 
             ActionButton {
-                id: cancel
-
                 objectName: "cancel"
                 height: 42
                 text: qsTr("Cancel")
                 kind: ActionButton.Quiet
                 onClicked: body.cancelled()
-                onActiveFocusChanged: {
-                    if (activeFocus)
-                        body.reveal(cancel);
-                }
             }
 
             ActionButton {
-                id: add
-
                 objectName: "add"
                 height: 42
                 text: qsTr("Add to alert schedule")
                 kind: ActionButton.Primary
                 enabled: body.form.canSave
                 onClicked: body.form.save()
-                onActiveFocusChanged: {
-                    if (activeFocus)
-                        body.reveal(add);
-                }
             }
         }
     }

@@ -12,7 +12,7 @@ Item {
 
     readonly property int layers: 14
     readonly property real spread: 40
-    readonly property color tint: Theme.faded("#000000", Theme.dark ? 0.026 : 0.016)
+    readonly property color tint: Qt.rgba(0, 0, 0, Theme.dark ? 0.026 : 0.016)
 
     Repeater {
         model: shadow.layers

@@ -13,7 +13,7 @@ FieldInput {
 
     signal edited(string text)
     /// The person has gone on, and this is what stands here.
-    signal left(string text)
+    signal finished(string text)
     signal stepped(int steps)
 
     width: 48
@@ -39,7 +39,7 @@ FieldInput {
             selectAll();
             return;
         }
-        left(text);
+        finished(text);
         text = value;
     }
 

@@ -30,7 +30,7 @@ Item {
                 if (row.choice.typeHour(text))
                     minute.forceActiveFocus(Qt.TabFocusReason);
             }
-            onLeft: text => row.choice.leaveHour(text)
+            onFinished: text => row.choice.leaveHour(text)
             onStepped: steps => row.choice.stepHours(steps)
         }
 
@@ -49,7 +49,7 @@ Item {
             name: qsTr("Minute")
             value: row.choice.minute
             onEdited: text => row.choice.typeMinute(text)
-            onLeft: text => row.choice.leaveMinute(text)
+            onFinished: text => row.choice.leaveMinute(text)
             onStepped: steps => row.choice.stepMinutes(steps)
         }
 
