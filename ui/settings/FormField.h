@@ -57,7 +57,7 @@ public:
     Q_INVOKABLE void edit(const QString &text);
     /// Marks a stored secret for removal.
     Q_INVOKABLE void clear();
-    /// The person went on to something else.
+    /// The person is done with it for now: the text is judged.
     Q_INVOKABLE void leave();
 
 Q_SIGNALS:

@@ -69,6 +69,8 @@ bool PhoneSettings::canSave() const
 
 void PhoneSettings::save()
 {
+    m_userKey.leave();
+    m_token.leave();
     if (!canSave())
         return;
     const CredentialEdits edits{.pushoverUser = m_userKey.change(), .pushoverToken = m_token.change()};

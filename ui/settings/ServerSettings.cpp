@@ -49,9 +49,11 @@ void ServerSettings::setSharesSchedule(bool shares)
     launch(m_model.setUploadMacSnapshot(shares ? Switch::on : Switch::off));
 }
 
-QString ServerSettings::status() const
+QString ServerSettings::note() const
 {
-    return m_model.serverConfigured() ? m_model.cloudStatus() : QString();
+    if (m_model.serverConfigured() && !m_model.cloudStatus().isEmpty())
+        return m_model.cloudStatus();
+    return tr("A server you run can alert your phone even when this computer sleeps.");
 }
 
 bool ServerSettings::canSave() const
@@ -66,6 +68,8 @@ bool ServerSettings::canTest() const
 
 void ServerSettings::save()
 {
+    m_address.leave();
+    m_token.leave();
     if (!canSave())
         return;
     const QString address = m_address.text().trimmed();

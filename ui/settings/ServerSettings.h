@@ -24,7 +24,7 @@ class ServerSettings final : public QObject
     Q_PROPERTY(quorvane::FormField *token READ token CONSTANT)
     Q_PROPERTY(quorvane::GroupActions *actions READ actions CONSTANT)
     Q_PROPERTY(bool sharesSchedule READ sharesSchedule WRITE setSharesSchedule NOTIFY changed)
-    Q_PROPERTY(QString status READ status NOTIFY changed)
+    Q_PROPERTY(QString note READ note NOTIFY changed)
     Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
     Q_PROPERTY(bool canTest READ canTest NOTIFY changed)
     Q_PROPERTY(bool askingToRemove READ isAskingToRemove NOTIFY changed)
@@ -39,8 +39,8 @@ public:
     /// Whether this machine's alert schedule goes to the server. Takes effect at once.
     [[nodiscard]] bool sharesSchedule() const;
     void setSharesSchedule(bool shares);
-    /// How the server does; empty while none is set up.
-    [[nodiscard]] QString status() const;
+    /// How the server does; what one is good for while none is set up.
+    [[nodiscard]] QString note() const;
     [[nodiscard]] bool canSave() const;
     /// Whether there is a server to ask, and nothing else goes on: for testing, and for removing from it.
     [[nodiscard]] bool canTest() const;

@@ -184,9 +184,12 @@ void SettingsPageTest::aCredentialIsTypedAndSaved()
     open({884, 780});
     tabTo(u"Application token"_s);
     type(QByteArray(29, 'T'));
-    tabTo(u"Save"_s); // the phone's is left out while there is a fault
-    QVERIFY(!form->phone()->canSave());
-    tabTo(u"Application token"_s);
+    press(Qt::Key_Return);
+    QVERIFY(!form->phone()->token()->error().isEmpty());
+    press(Qt::Key_Tab);
+    QCOMPARE(current(), u"Send test"_s); // a fault leaves nothing to save
+    press(Qt::Key_Backtab);
+    press(Qt::Key_End);
     type("T");
     press(Qt::Key_Return);
     QTRY_COMPARE(f->keyring.values.value(Secrets::pushoverToken), QByteArray(30, 'T'));

@@ -13,7 +13,7 @@ SettingsGroup {
 
     title: qsTr("Server")
     icon: Icons.server
-    note: qsTr("A server you run can alert your phone even when this computer sleeps.")
+    note: server.note
 
     TextBox {
         width: parent.width
@@ -50,13 +50,5 @@ SettingsGroup {
         width: parent.width
         text: group.server.actions.outcome
         problem: group.server.actions.failed
-    }
-
-    OutcomeLine {
-        width: parent.width
-        visible: text !== "" && group.server.actions.outcome === ""
-        text: group.server.status
-        icon: Icons.info
-        tint: Theme.text3
     }
 }
