@@ -42,6 +42,7 @@ FocusScope {
         focus: true
         onActivated: index => box.activated(index)
         Accessible.name: box.label
+        Accessible.description: displayText
 
         contentItem: Label {
             verticalAlignment: Text.AlignVCenter

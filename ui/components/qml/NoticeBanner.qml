@@ -63,6 +63,7 @@ FocusScope {
     }
 
     Rectangle {
+        objectName: "notice"
         y: banner.implicitHeight - height
         width: parent.width
         height: banner.fullHeight
