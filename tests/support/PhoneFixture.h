@@ -72,7 +72,8 @@ public:
 
     static QString lastBody(HttpsPeer &peer, const QString &path)
     {
-        return peer.requests().filter(u' ' + path + u' ').value(0).section(u' ', -1);
+        const QStringList requests = peer.requests().filter(u' ' + path + u' ');
+        return requests.value(requests.size() - 1).section(u' ', -1);
     }
 
     HttpsPeer phone{QStringLiteral("pinned")};
