@@ -63,6 +63,7 @@ void fillSheet(Dashboard &dashboard, PreviewScenes::WindowScene::Sheet state)
     MeetingForm &form = *dashboard.sheet();
     form.setTitle(u"Call the school about Thursday"_s);
     form.setLink(state == Sheet::filled ? u"https://meet.northwind.dev/school"_s : u"zoom/j/8812"_s);
+    form.leaveLink();
 }
 
 Result<QImage> picture(AppModel &model, const PreviewScenes::WindowScene &scene)

@@ -5,6 +5,7 @@
 
 #include "app/PreviewError.h"
 
+#include <QAnimationDriver>
 #include <QCoreApplication>
 #include <QQmlComponent>
 #include <QQuickItem>
@@ -18,13 +19,31 @@ namespace quorvane::PreviewStage {
 
 namespace {
 
-// A list makes its rows when it is laid out, and what they are made of may ask for another layout.
-constexpr int layoutRounds = 4;
+// Longer than any view takes to come up, in steps of a frame.
+constexpr int settlingMilliseconds = 1000;
+constexpr int frameMilliseconds = 20;
+
+/// Time that passes as fast as it is asked to, so that a fade ends in the same picture on any machine.
+class StageTime final : public QAnimationDriver
+{
+public:
+    [[nodiscard]] qint64 elapsed() const override { return m_elapsed; }
+    void advance() override
+    {
+        m_elapsed += frameMilliseconds;
+        advanceAnimation();
+    }
+
+private:
+    qint64 m_elapsed = 0;
+};
 
 } // namespace
 
 Result<QImage> picture(QQmlEngine &engine, const QUrl &source, const QVariantMap &properties, QSize size)
 {
+    StageTime time;
+    time.install();
     QQuickRenderControl control;
     QQuickWindow window(&control);
     window.setGeometry({{}, size});
@@ -45,12 +64,13 @@ Result<QImage> picture(QQmlEngine &engine, const QUrl &source, const QVariantMap
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::black);
     window.setRenderTarget(QQuickRenderTarget::fromPaintDevice(&image));
-    for (int round = 0; round < layoutRounds; ++round) {
+    for (int passed = 0; passed < settlingMilliseconds; passed += frameMilliseconds) {
+        time.advance();
         QCoreApplication::processEvents();
         control.polishItems();
-        control.sync();
-        control.render();
     }
+    control.sync();
+    control.render();
     return image;
 }
 

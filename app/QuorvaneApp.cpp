@@ -21,6 +21,7 @@
 #include "model/linux/TimerSlackActivities.h"
 #include "network/PinnedCertificate.h"
 #include "network/linux/SecretService.h"
+#include "posix/UnusedMemory.h"
 #include "process/linux/PosixProcessRunner.h"
 #include "ui/components/Appearance.h"
 #include "ui/dialogs/QuickFolderChooser.h"
@@ -144,6 +145,8 @@ QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment
     m_model = std::make_unique<AppModel>(modeOf(arguments), services);
     m_dashboard =
         std::make_unique<DashboardWindow>(*m_model, m_parts->appearance, nullptr, FrameSettler::whenSettled);
+    // A window that is looked at once a day must not weigh on the rest of it.
+    QObject::connect(m_dashboard.get(), &DashboardWindow::closed, &returnUnusedMemory);
     if (arguments.contains(u"--preview-overlay"_s))
         QObject::connect(m_dashboard.get(), &DashboardWindow::painted, m_model.get(), &AppModel::previewAlert,
                          Qt::SingleShotConnection);

@@ -4,6 +4,7 @@
 // What the dashboard's window costs: window_bench MEETINGS TIMES prints, as JSON, the milliseconds until it
 // was painted and the proportional memory in kB before, while and after it was open, for each time it is
 // opened.
+#include "posix/UnusedMemory.h"
 #include "tests/support/ModelFixture.h"
 #include "ui/components/Appearance.h"
 #include "ui/dashboard/DashboardWindow.h"
@@ -85,6 +86,7 @@ int main(int argc, char *argv[])
                            [](QWindow &shown, const std::function<void()> &action) {
                                QMetaObject::invokeMethod(&shown, action, Qt::QueuedConnection);
                            });
+    QObject::connect(&window, &DashboardWindow::closed, &returnUnusedMemory);
     std::printf("[");
     const int times = arguments.value(2, u"5"_s).toInt();
     for (int i = 0; i < times; ++i) {

@@ -12,8 +12,6 @@
 #include <QQmlEngine>
 #include <QQuickView>
 
-#include <malloc.h>
-
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -98,8 +96,6 @@ void DashboardWindow::close()
 void DashboardWindow::discard(View *view)
 {
     std::erase_if(m_closing, [view](const auto &closing) { return closing.get() == view; });
-    // Without this the heap keeps what the window was made of, for a window that is looked at once a day.
-    ::malloc_trim(0);
     Q_EMIT closed();
 }
 

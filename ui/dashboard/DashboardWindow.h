@@ -18,8 +18,8 @@ namespace quorvane {
 
 class Appearance;
 
-/// The dashboard's window. It exists only while it is open: closing it gives its memory back and leaves the
-/// program running. Main thread only.
+/// The dashboard's window. It exists only while it is open; closing it leaves the program running. Main
+/// thread only.
 class DashboardWindow final : public QObject
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ public:
 Q_SIGNALS:
     /// The window has been painted for the first time.
     void painted();
-    /// The window is gone and its memory given back.
+    /// The window is gone, and all that it was made of.
     void closed();
 
 private:

@@ -38,6 +38,7 @@ Rectangle {
         text: "Quorvane"
         font.pixelSize: 19
         font.weight: Font.ExtraBold
+        font.letterSpacing: -0.4
         Accessible.ignored: true
     }
 

@@ -54,6 +54,7 @@ T.AbstractButton {
             visible: !item.isRail
             width: parent.width - x - (item.badge > 0 ? 36 : 8)
             style: Label.Strong
+            font.weight: item.isCurrent ? Font.Bold : Font.DemiBold
             text: item.text
             color: item.isCurrent ? Theme.text : Theme.text2
             Accessible.ignored: true

@@ -31,6 +31,7 @@ Item {
         visible: !foot.isRail
         width: parent.width - x
         style: Label.SmallStrong
+        font.weight: Font.Bold
         text: foot.dashboard.statusLine
         Accessible.ignored: true
     }
