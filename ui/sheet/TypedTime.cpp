@@ -96,6 +96,14 @@ std::optional<TypedTime> wholeTime(const Parts &parts, QTime current, const Cloc
     return checked(QTime(wholeHour(hour, parts.half, current, style), minute), true);
 }
 
+// Whoever types a whole time types it also when the hour alone has already brought them here.
+QString withoutSeparator(const QString &text)
+{
+    static const QRegularExpression separator(u"^[^\\p{L}\\d]+"_s,
+                                              QRegularExpression::UseUnicodePropertiesOption);
+    return QString(text).remove(separator);
+}
+
 } // namespace
 
 std::optional<TypedTime> TypedTime::inHour(const QString &text, QTime current, const ClockStyle &style)
@@ -114,10 +122,11 @@ std::optional<TypedTime> TypedTime::inHour(const QString &text, QTime current, c
 
 std::optional<TypedTime> TypedTime::inMinute(const QString &text, QTime current, const ClockStyle &style)
 {
-    const std::optional<Parts> parts = partsOf(text, style);
-    if (!parts)
+    const std::optional<Parts> parts = partsOf(withoutSeparator(text), style);
+    // More than two digits are two and a slip.
+    if (!parts || (parts->lead.size() > 2 && parts->tail.isEmpty()))
         return std::nullopt;
-    if (saysWholeTime(*parts))
+    if (!parts->tail.isEmpty())
         return wholeTime(*parts, current, style);
     const int minute = numberOf(parts->lead);
     const int hour = parts->half ? inHalf(current.hour(), *parts->half) : current.hour();

@@ -9,8 +9,8 @@
 
 namespace quorvane {
 
-/// A time being typed into the field of the hour or of the minute. Either takes a whole time as well: "9:30",
-/// "930", "9.30 pm", "21h15".
+/// A time being typed into the field of the hour or of the minute. Either takes a whole time as well, such as
+/// "9:30", "9.30 pm" or "21h15"; that of the hour also "930".
 struct TypedTime
 {
     QTime time;

@@ -51,6 +51,7 @@ class CalendarsPageTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void calendarsStandBelowTheirAccounts();
     void anAccountSaysHowItIs_data();
@@ -65,6 +66,12 @@ private Q_SLOTS:
     void everySwitchIsNamedInFull();
     void manyCalendarsAreShownInTime();
 };
+
+void CalendarsPageTest::initTestCase()
+{
+    // Some minutes before the test's noon are of the same day there.
+    qputenv("TZ", "UTC");
+}
 
 void CalendarsPageTest::init()
 {

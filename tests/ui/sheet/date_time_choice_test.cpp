@@ -120,6 +120,12 @@ void DateTimeChoiceTest::anUnfinishedTimeCountsWhenTheFieldIsLeft()
     QVERIFY(place.choice.typeMinute(u"45"_s));
     place.choice.leaveMinute(QString());
     QCOMPARE(place.shown(), u"2026-07-15 02:45"_s);
+    // A digit too many.
+    QVERIFY(!place.choice.typeMinute(u"455"_s));
+    QVERIFY(place.choice.typeMinute(u":50pm"_s));
+    QCOMPARE(place.shown(), u"2026-07-15 14:50"_s);
+    QVERIFY(place.choice.typeMinute(u"9:30"_s));
+    QCOMPARE(place.shown(), u"2026-07-15 09:30"_s);
 }
 
 void DateTimeChoiceTest::clocksThatChangeAreFollowed_data()

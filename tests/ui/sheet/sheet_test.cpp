@@ -168,7 +168,7 @@ void SheetTest::thePickerIsWorkedByTheKeyboard()
     sheet.press(Qt::Key_Left);
     sheet.press(Qt::Key_Tab);
     QCOMPARE(sheet.focused(), u"hour"_s);
-    sheet.type("1430");
+    sheet.type("14:30");
     QCOMPARE(sheet.focused(), u"minute"_s);
     sheet.press(Qt::Key_Return);
     QTRY_COMPARE(sheet.focused(), u"starts"_s);
@@ -177,6 +177,13 @@ void SheetTest::thePickerIsWorkedByTheKeyboard()
     sheet.press(Qt::Key_Space);
     QTRY_COMPARE(sheet.focused(), u"day"_s);
     sheet.press(Qt::Key_PageUp);
+    QStringList stops;
+    do {
+        sheet.press(Qt::Key_Tab);
+        stops.append(sheet.focused());
+    } while (stops.size() < 20 && stops.last() != "day"_L1);
+    QVERIFY(stops.contains(u"hour"_s) && stops.contains(u"done"_s) && stops.last() == "day"_L1);
+    QVERIFY(!stops.contains(u"title"_s));
     sheet.press(Qt::Key_Tab);
     sheet.press(Qt::Key_Up);
     sheet.type("1");
@@ -206,6 +213,10 @@ void SheetTest::thePickerIsWorkedByThePointer()
     sheet.click(cell(0));
     QCOMPARE(sheet.form->start(), proposed + 86400);
     sheet.clickOn("done");
+    QTRY_COMPARE(sheet.focused(), u"starts"_s);
+    sheet.clickOn("starts");
+    QTRY_COMPARE(sheet.focused(), u"day"_s);
+    sheet.clickOn("starts");
     QTRY_COMPARE(sheet.focused(), u"starts"_s);
 }
 

@@ -31,6 +31,7 @@ PressControl {
             y: 14
             icon: card.isConnected ? Icons.check : Icons.plus
             tint: card.isConnected ? Theme.ok : Theme.accentText
+            color: Theme.faded(card.isConnected ? Theme.ok : Theme.accent, 0.16)
         }
 
         Label {

@@ -80,7 +80,7 @@ FocusScope {
         anchors.horizontalCenter: parent.horizontalCenter
         y: Math.round((parent.height - height) / 2 + (Theme.reduceMotion ? 0 : 16 * (1 - sheet.presence)))
         width: Math.min(520, parent.width - 24)
-        height: Math.min(body.contentHeight, parent.height - 24)
+        height: Math.min(body.contentHeight, parent.height - 12)
         opacity: sheet.presence
 
         SheetShadow {

@@ -44,7 +44,7 @@ FocusScope {
         rightPadding: 40
         focus: true
         focusPolicy: Qt.StrongFocus
-        onClicked: box.open()
+        onClicked: picker.visible ? picker.close() : box.open()
         Keys.onDownPressed: box.open()
         Accessible.name: qsTr("%1: %2").arg(box.label).arg(box.choice.text)
         Accessible.description: box.error

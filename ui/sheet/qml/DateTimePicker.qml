@@ -17,7 +17,7 @@ T.Popup {
     margins: 8
     padding: 14
     focus: true
-    closePolicy: T.Popup.CloseOnPressOutside
+    closePolicy: T.Popup.CloseOnPressOutsideParent
     onOpened: (contentItem as PickerBody).begin()
 
     contentItem: PickerBody {

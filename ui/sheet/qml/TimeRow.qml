@@ -59,6 +59,7 @@ Item {
             visible: text !== ""
             size: ActionButton.Compact
             text: row.choice.half
+            name: qsTr("Half of the day: %1").arg(row.choice.half)
             onClicked: row.choice.switchHalf()
         }
 
