@@ -38,13 +38,12 @@ PressControl {
     property color outline: kind === ActionButton.Secondary ? Theme.line : kind === ActionButton.Quiet
         ? Theme.lineStrong : kind === ActionButton.Danger ? Theme.faded(Theme.danger, 0.40) : "transparent"
 
+    readonly property int sidePadding: isSmall ? 13 : isProminent ? 26 : 17
     readonly property bool isSmall: size === ActionButton.Compact
     readonly property bool isProminent: size === ActionButton.Prominent
 
     name: text
-    leftPadding: isSmall ? 13 : isProminent ? 26 : 17
-    rightPadding: leftPadding
-    implicitWidth: leftPadding + implicitContentWidth + rightPadding
+    implicitWidth: content.implicitWidth + 2 * sidePadding
     implicitHeight: isSmall ? 32 : isProminent ? 46 : size === ActionButton.Heading ? 38 : 36
     opacity: showsPress ? 0.8 : 1
     scale: showsPress && !Theme.reduceMotion ? 0.98 : 1
@@ -56,14 +55,20 @@ PressControl {
         NumberAnimation { duration: 90 }
     }
 
-    background: Capsule {
+    Capsule {
+        anchors.fill: parent
         fill: button.enabled ? Theme.mixed(button.fill, button.hoverFill, button.hoverShare)
             : button.kind === ActionButton.Plain ? "transparent" : Theme.raised
         outline: button.enabled ? button.outline : "transparent"
         lineWidth: outline.a > 0 ? 1 : 0
     }
 
-    contentItem: ButtonContent {
+    ButtonContent {
+        id: content
+
+        anchors.fill: parent
+        anchors.leftMargin: button.sidePadding
+        anchors.rightMargin: button.sidePadding
         text: button.text
         icon: button.icon
         iconSide: button.isSmall ? 15 : button.isProminent ? 20 : 17

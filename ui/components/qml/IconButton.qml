@@ -32,19 +32,18 @@ PressControl {
         NumberAnimation { duration: 90 }
     }
 
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: 10
         color: button.enabled ? Theme.mixed(button.restFill, button.hoverFill, button.hoverShare) : button.restFill
     }
 
-    contentItem: Item {
-        LineIcon {
-            anchors.centerIn: parent
-            width: 18
-            height: 18
-            outline: button.icon
-            color: button.enabled ? button.ink : Theme.text3
-        }
+    LineIcon {
+        anchors.centerIn: parent
+        width: 18
+        height: 18
+        outline: button.icon
+        color: button.enabled ? button.ink : Theme.text3
     }
 
     FocusRing {

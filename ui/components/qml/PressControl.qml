@@ -2,70 +2,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import QtQuick.Templates as T
+import Quorvane.Components
 
-/// What is pressed, by pointer, Space or Return: behaviour, focus and an accessible button without any looks. Its
-/// `shows…` are what a look follows.
-T.Control {
+/// What every control that is pressed has in common, without any looks. Its `shows…` are what a look follows. Another
+/// `Accessible.role` than a button's may be given.
+PressArea {
     id: control
 
     required property string name
-    readonly property bool pressed: pointer.containsPress || spaceDown
-    property bool spaceDown: false
-    property bool showsHover: hovered && enabled
+    property bool showsHover: hovered
     property bool showsPress: pressed
     property bool showsFocus: visualFocus
     /// How far the hover's fade has come, 0 to 1.
     property real hoverShare: showsHover ? 1 : 0
 
-    signal clicked
-
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
-
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.onPressAction: clicked()
-
-    Keys.onPressed: event => {
-        // Whoever uses the keyboard sees where it is.
-        focusReason = Qt.TabFocusReason;
-        if (event.modifiers & ~(Qt.ShiftModifier | Qt.KeypadModifier))
-            return;
-        switch (event.key) {
-        case Qt.Key_Space:
-            event.accepted = true;
-            spaceDown = true;
-            break;
-        case Qt.Key_Return:
-        case Qt.Key_Enter:
-            event.accepted = true;
-            if (!event.isAutoRepeat)
-                clicked();
-            break;
-        }
-    }
-    Keys.onReleased: event => {
-        if (event.key !== Qt.Key_Space || event.isAutoRepeat)
-            return;
-        event.accepted = true;
-        const wasDown = spaceDown;
-        spaceDown = false;
-        if (wasDown)
-            clicked();
-    }
-    onActiveFocusChanged: spaceDown = false
-    onEnabledChanged: spaceDown = false
+    Accessible.focusable: enabled
+    Accessible.onPressAction: click()
 
     Behavior on hoverShare {
         NumberAnimation { duration: 120 }
-    }
-
-    MouseArea {
-        id: pointer
-
-        anchors.fill: parent
-        onPressed: control.forceActiveFocus(Qt.MouseFocusReason)
-        onClicked: control.clicked()
     }
 }

@@ -24,7 +24,7 @@ PressControl {
     Accessible.role: Accessible.CheckBox
     Accessible.checkable: true
     Accessible.checked: checked
-    Accessible.onToggleAction: clicked()
+    Accessible.onToggleAction: click()
 
     onClicked: toggled(!checked)
 
@@ -36,33 +36,31 @@ PressControl {
         }
     }
 
-    contentItem: Item {
-        Item {
-            anchors.centerIn: parent
-            width: 36
-            height: 22
+    Item {
+        anchors.centerIn: parent
+        width: 36
+        height: 22
 
-            Capsule {
-                anchors.fill: parent
-                fill: Theme.faded(Theme.accent, toggle.travel)
-                outline: Theme.faded(toggle.outline, 1 - toggle.travel)
-                lineWidth: toggle.travel < 1 ? 1.5 : 0
-            }
+        Capsule {
+            anchors.fill: parent
+            fill: Theme.faded(Theme.accent, toggle.travel)
+            outline: Theme.faded(toggle.outline, 1 - toggle.travel)
+            lineWidth: toggle.travel < 1 ? 1.5 : 0
+        }
 
-            Rectangle {
-                readonly property real side: 12 + 4 * toggle.travel
+        Rectangle {
+            readonly property real side: 12 + 4 * toggle.travel
 
-                x: 11 - side / 2 + 14 * toggle.travel
-                y: 11 - side / 2
-                width: side
-                height: side
-                radius: side / 2
-                color: Theme.mixed(toggle.knobOff, Theme.accentInk, toggle.travel)
-            }
+            x: 11 - side / 2 + 14 * toggle.travel
+            y: 11 - side / 2
+            width: side
+            height: side
+            radius: side / 2
+            color: Theme.mixed(toggle.knobOff, Theme.accentInk, toggle.travel)
+        }
 
-            FocusRing {
-                visible: toggle.showsFocus
-            }
+        FocusRing {
+            visible: toggle.showsFocus
         }
     }
 }
