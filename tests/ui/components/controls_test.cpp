@@ -142,7 +142,9 @@ void ControlsTest::aDisabledControlIsDeafAndPassedOver()
     QVERIFY(shown.hasFocus(shown.item("other")));
     shown.click(shown.it());
     QVERIFY(shown.hasFocus(shown.item("other")));
-    QVERIFY(Shown::assistive(shown.it()).state().disabled);
+    QAccessibleActionInterface *actions = Shown::assistive(shown.it()).actionInterface();
+    for (const QString &name : actions->actionNames())
+        actions->doAction(name);
     QCOMPARE(shown.answers(), 0);
 }
 
@@ -282,7 +284,7 @@ void ControlsTest::aNoticeComesAndGoes()
 {
     Shown shown;
     QVERIFY(shown.showControl(
-        "NoticeBanner { objectName: 'it'; width: 400; text: ''; actionText: 'Sign in'; "
+        "NoticeBanner { objectName: 'it'; y: 100; width: 400; text: ''; actionText: 'Sign in'; "
         "onAction: root.say('action'); onDismissed: { root.say('dismissed'); text = '' } }"));
     QVERIFY(!shown.it()->isVisible() && shown.it()->implicitHeight() == 0);
     shown.it()->setProperty("text", u"Offline"_s);
