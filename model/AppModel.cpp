@@ -13,8 +13,6 @@ namespace {
 
 // Calendar services announce one change in several parts; a reading follows when they have come together.
 constexpr int changeDelayMilliseconds = 200;
-// Most refreshes are over before anybody could read that there is one.
-constexpr int slowRefreshMilliseconds = 400;
 
 } // namespace
 
@@ -72,8 +70,8 @@ void AppModel::loadPersisted()
     const QStringList pending = m_services.preferences.pendingAcks();
     m_pendingAcks = QSet<QString>(pending.begin(), pending.end());
     m_settings.start();
-    m_serverAddressStored = !serverURL().isEmpty();
-    if (!m_serverAddressStored)
+    m_server.isAddressStored = !serverURL().isEmpty();
+    if (!m_server.isAddressStored)
         m_cloudStatus = u"Local only. Phone delivery stops while this Mac sleeps."_s;
     m_calendarAccess = m_services.calendarReader.authorizationStatus() == AuthorizationStatus::fullAccess;
 }
@@ -97,9 +95,7 @@ void AppModel::beginLiveWork()
         requestRefresh();
     });
     followSettings();
-    m_slowRefresh.setSingleShot(true);
-    m_slowRefresh.setInterval(slowRefreshMilliseconds);
-    connect(&m_slowRefresh, &QTimer::timeout, this, &AppModel::listSources);
+    connect(&m_turns.patience(), &QTimer::timeout, this, &AppModel::listSources);
     m_services.useCalendarFolders(m_settings.values().calendarFolders, m_settings.values().ownAddresses);
     m_services.wakes.start();
     m_services.ticks.start();
@@ -134,9 +130,9 @@ void AppModel::showPreview(PreviewContent content)
     m_status = content.status;
     m_fantasticalStatus = content.fantasticalStatus;
     m_cloudStatus = content.cloudStatus;
-    m_serverConfigured = content.serverConfigured;
-    m_scheduleSynced = content.scheduleSynced;
-    m_isRefreshing = content.isRefreshing;
+    m_server.isConfigured = content.serverConfigured;
+    m_server.isSynced = content.scheduleSynced;
+    m_isPreviewRefreshing = content.isRefreshing;
     m_credentialHints = content.credentialHints;
     m_phone.assume(content.phoneHealth);
     setPausedUntil(content.pausedUntil);

@@ -13,8 +13,11 @@
 #include "model/FantasticalSource.h"
 #include "model/ManualMeetings.h"
 #include "model/NoticeKind.h"
+#include "model/PhoneLink.h"
 #include "model/PhoneWatch.h"
 #include "model/PreviewContent.h"
+#include "model/RefreshTurns.h"
+#include "model/ServerLink.h"
 #include "model/SettingsKeeper.h"
 #include "model/SettingsOutcome.h"
 #include "model/SourceHealth.h"
@@ -86,9 +89,9 @@ public:
     /// One line on phone delivery.
     [[nodiscard]] const QString &cloudStatus() const { return m_cloudStatus; }
     /// The user's own server has an address and, as far as the keyring tells, a token.
-    [[nodiscard]] bool serverConfigured() const { return m_serverConfigured; }
+    [[nodiscard]] bool serverConfigured() const { return m_server.isConfigured; }
     /// The user's own server holds what is scheduled here.
-    [[nodiscard]] bool scheduleSynced() const { return m_scheduleSynced; }
+    [[nodiscard]] bool scheduleSynced() const { return m_server.isSynced; }
     /// The meetings of which this machine itself tells the phone: all that are scheduled, or none while the
     /// user's server is in charge.
     [[nodiscard]] const std::vector<Meeting> &localMeetings() const;
@@ -97,7 +100,7 @@ public:
     [[nodiscard]] NoticeKind noticeKind() const { return m_noticeKind; }
     /// A calendar store has answered.
     [[nodiscard]] bool calendarAccess() const { return m_calendarAccess; }
-    [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
+    [[nodiscard]] bool isRefreshing() const { return m_turns.isRunning() || m_isPreviewRefreshing; }
     /// When a source was last read without error.
     [[nodiscard]] const std::optional<QDateTime> &lastSuccessfulRead() const { return m_lastSuccessfulRead; }
     /// When the last refresh ended.
@@ -235,7 +238,6 @@ private:
 
     // AppModelRefresh.cpp: reading and its outcome.
     QCoro::Task<> refreshSince(int count);
-    QCoro::Task<> refreshEnded();
     QCoro::Task<> readFantastical(QStringList excluded);
     void applyStores();
     void applyReading();
@@ -302,11 +304,8 @@ private:
     std::vector<Meeting> m_calendarEvents;
     std::vector<Meeting> m_scheduledMeetings;
     ManualMeetings m_manual;
-    /// The schedule last confirmed by the user's own server.
-    std::vector<Meeting> m_serverMeetings;
     std::optional<QDateTime> m_lastSuccessfulRead;
     qsizetype m_freshCalendarEventCount = 0;
-    bool m_isRefreshing = false;
     bool m_refreshAgain = false;
     std::vector<CalendarOption> m_calendars;
     QString m_status;
@@ -323,33 +322,18 @@ private:
     bool m_isSaved = true;
     /// Unix time at which the last refresh began.
     double m_refreshMark = 0;
-    bool m_serverAddressStored = false;
-    bool m_serverConfigured = false;
-    bool m_scheduleSynced = false;
-    /// Counts the changes of what is scheduled; `m_syncedRevision` is the one that the server took.
+    /// Counts the changes of what is scheduled.
     int m_scheduleRevision = 0;
-    int m_syncedRevision = -1;
-    /// When, and at which revision, the server was last in order.
-    double m_judgedAt = 0;
-    int m_judgedRevision = -1;
+    ServerLink m_server;
+    PhoneLink m_phoneLink;
+    RefreshTurns m_turns;
     /// Identifiers of the meetings that were read here or added by hand.
     QSet<QString> m_ownIDs;
-    /// Failed exchanges in a row.
-    int m_serverFailures = 0;
     /// Acknowledgments that the server has not confirmed.
     QSet<QString> m_pendingAcks;
     /// Whether the settings hold `m_pendingAcks`.
     bool m_arePendingAcksKept = true;
-    /// Meetings with a message on its way, and the Unix time before which a failed one is not repeated.
-    QSet<QString> m_busyPush;
-    QHash<QString, double> m_retryAfter;
-    /// Unix time of the last round of questions about receipts, and the receipts that cannot change any more.
-    double m_receiptAt = 0;
-    QSet<QString> m_spentReceipts;
-    bool m_isPolling = false;
     bool m_isResending = false;
-    /// What the server last listed as answered.
-    QSet<QString> m_acknowledgedThere;
     std::unique_ptr<ActivityToken> m_activity;
     QTimer m_changeDelay;
     QString m_preparedID;
@@ -358,12 +342,8 @@ private:
     CredentialHints m_credentialHints;
     PhoneWatch m_phone;
     std::vector<SourceHealth> m_sources;
-    /// Runs out when a refresh takes longer than usual.
-    QTimer m_slowRefresh;
-    /// Counts the refreshes begun; the promise runs while one does.
-    int m_refreshCount = 0;
-    std::shared_ptr<QPromise<void>> m_refreshEnd;
     bool m_isChoosingFolder = false;
+    bool m_isPreviewRefreshing = false;
 };
 
 } // namespace quorvane

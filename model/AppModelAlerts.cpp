@@ -33,7 +33,7 @@ void AppModel::tick()
         return;
     // A refresh ends with the step below, so neither waits for the other: a calendar that hangs delays no
     // alert.
-    if (std::abs(now() - m_refreshMark) > refreshInterval && !m_isRefreshing)
+    if (std::abs(now() - m_refreshMark) > refreshInterval && !m_turns.isRunning())
         launch(refresh());
     expirePause();
     phoneStep();

@@ -41,7 +41,7 @@ void AppModel::takeChoices()
 QCoro::Task<> AppModel::setScheduled(Meeting meeting, Switch enabled)
 {
     const QPointer<AppModel> self(this);
-    const int count = m_refreshCount;
+    const int count = m_turns.count();
     if (enabled == Switch::on && !isScheduled(meeting))
         prepareAgain(meeting.id);
     m_settings.choose(meeting.id, enabled);
@@ -69,7 +69,7 @@ void AppModel::prepareAgain(const QString &id)
     record.snoozedUntil = 0;
     record.phoneSent = false;
     record.receipt.reset();
-    m_retryAfter.remove(id);
+    m_phoneLink.retryAfter.remove(id);
     if (record != *found)
         setRecord(id, record);
 }
@@ -80,7 +80,7 @@ QCoro::Task<> AppModel::addMeeting(QString title, double start, int duration, QS
     if (!wanted.isAcceptable(now()))
         co_return;
     const QPointer<AppModel> self(this);
-    const int count = m_refreshCount;
+    const int count = m_turns.count();
     const Meeting meeting = wanted.meeting(QUuid::createUuid().toString(QUuid::WithoutBraces));
     m_manual.add(meeting);
     m_settings.choose(meeting.id, Switch::on);
@@ -162,7 +162,7 @@ QCoro::Task<> AppModel::keepManualMeetings()
 
 void AppModel::tellUnlessSynced(const QString &text)
 {
-    if (m_serverConfigured && !m_scheduleSynced && m_notice != keyringFailed)
+    if (m_server.isConfigured && !m_server.isSynced && m_notice != keyringFailed)
         setNotice(text);
 }
 

@@ -36,10 +36,10 @@ void AppModel::phoneStep()
     std::vector<Meeting> due;
     std::ranges::copy_if(localMeetings(), std::back_inserter(due), [this](const Meeting &meeting) {
         return AlertPolicy::shouldPush(meeting, now(), m_records.value(meeting.id)) &&
-               !m_busyPush.contains(meeting.id) && m_retryAfter.value(meeting.id) < now();
+               !m_phoneLink.busy.contains(meeting.id) && m_phoneLink.retryAfter.value(meeting.id) < now();
     });
     for (const Meeting &meeting : due) {
-        m_busyPush.insert(meeting.id);
+        m_phoneLink.busy.insert(meeting.id);
         launch(sendPhone(meeting));
     }
 }
@@ -69,7 +69,7 @@ QCoro::Task<> AppModel::sendPhone(Meeting meeting)
     if (!self)
         co_return;
     if (!hasToken) {
-        m_retryAfter[meeting.id] = now() + pauseWithoutToken;
+        m_phoneLink.retryAfter[meeting.id] = now() + pauseWithoutToken;
     } else if (!isWanted(meeting.id)) {
         (void)co_await m_services.network.cancelTag(meeting.id);
     } else {
@@ -78,7 +78,7 @@ QCoro::Task<> AppModel::sendPhone(Meeting meeting)
             takeReceipt(meeting.id, receipt);
     }
     if (self)
-        m_busyPush.remove(meeting.id);
+        m_phoneLink.busy.remove(meeting.id);
 }
 
 void AppModel::takeReceipt(const QString &id, const Result<std::optional<QString>> &receipt)
@@ -100,11 +100,11 @@ void AppModel::takeReceipt(const QString &id, const Result<std::optional<QString
         return;
     }
     if (receipt) {
-        m_retryAfter.remove(id);
+        m_phoneLink.retryAfter.remove(id);
         if (m_notice == sendFailed)
             setNotice(std::nullopt);
     } else {
-        m_retryAfter[id] = now() + pauseAfterFailure;
+        m_phoneLink.retryAfter[id] = now() + pauseAfterFailure;
         setNotice(sendFailed);
     }
 }
@@ -143,7 +143,7 @@ QCoro::Task<bool> AppModel::cancelMessages(QString id)
             cancelled.error().category() == make_error_code(NetworkError::rejected).category();
     }
     const std::optional<QString> receipt = m_records.value(id).receipt;
-    if (m_serverConfigured || !receipt) // nothing of ours rings, or the keyring has to answer first
+    if (m_server.isConfigured || !receipt) // nothing of ours rings, or the keyring has to answer first
         co_return !m_records.value(id).phoneSent;
     const auto cancelled = co_await m_services.network.cancel(*receipt);
     if (self && !cancelled)
@@ -161,11 +161,11 @@ void AppModel::receiptStep()
 // interval.
 QCoro::Task<> AppModel::pollReceipts()
 {
-    if (m_isPolling || now() - m_receiptAt <= receiptInterval)
+    if (m_phoneLink.isPolling || now() - m_phoneLink.receiptAt <= receiptInterval)
         co_return;
     const QPointer<AppModel> self(this);
-    m_isPolling = true;
-    m_receiptAt = now();
+    m_phoneLink.isPolling = true;
+    m_phoneLink.receiptAt = now();
     const QHash<QString, QString> open = openReceipts();
     for (auto entry = open.begin(); entry != open.end(); ++entry) {
         if (m_records.value(entry.key()).acknowledged)
@@ -176,13 +176,13 @@ QCoro::Task<> AppModel::pollReceipts()
         if (answer && answer->acknowledged == 1 && !m_records.value(entry.key()).acknowledged)
             launch(acknowledge(entry.key()));
         if (!answer && answer.error() == NetworkError::rejected) {
-            m_receiptAt = now() + pauseAfterFailure; // the service shuts out who asks on and on
+            m_phoneLink.receiptAt = now() + pauseAfterFailure; // the service shuts out who asks on and on
             break;
         }
         if (answer ? answer->expired == 1 : answer.error() == NetworkError::invalidResponse)
-            m_spentReceipts.insert(entry.value());
+            m_phoneLink.spentReceipts.insert(entry.value());
     }
-    m_isPolling = false;
+    m_phoneLink.isPolling = false;
 }
 
 // Those of all meetings whose message may still ring: it does so for ten minutes at most, and never much past
@@ -192,7 +192,7 @@ QHash<QString, QString> AppModel::openReceipts() const
     QHash<QString, QString> open;
     for (const Meeting &meeting : m_calendarEvents) {
         const AlertRecord record = m_records.value(meeting.id);
-        if (!record.acknowledged && record.receipt && !m_spentReceipts.contains(*record.receipt))
+        if (!record.acknowledged && record.receipt && !m_phoneLink.spentReceipts.contains(*record.receipt))
             open.insert(meeting.id, *record.receipt);
     }
     return open;
@@ -201,10 +201,10 @@ QHash<QString, QString> AppModel::openReceipts() const
 // A clock that was set back must not keep the phone silent for as long.
 void AppModel::mendPhoneTimes()
 {
-    m_retryAfter.removeIf([this](const auto &entry) {
+    m_phoneLink.retryAfter.removeIf([this](const auto &entry) {
         return entry.value() < now() || entry.value() > now() + pauseAfterFailure;
     });
-    m_receiptAt = std::min(m_receiptAt, now() + pauseAfterFailure);
+    m_phoneLink.receiptAt = std::min(m_phoneLink.receiptAt, now() + pauseAfterFailure);
 }
 
 } // namespace quorvane

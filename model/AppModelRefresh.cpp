@@ -7,7 +7,6 @@
 #include "calendars/records/FantasticalCache.h"
 #include "model/SourceStatus.h"
 
-#include <QCoroFuture>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -20,17 +19,13 @@ namespace quorvane {
 
 QCoro::Task<> AppModel::refresh()
 {
-    if (m_isRefreshing || m_mode == Mode::preview)
+    if (m_turns.isRunning() || m_mode == Mode::preview)
         co_return;
     const QPointer<AppModel> self(this);
-    m_isRefreshing = true;
+    m_turns.begin();
     Q_EMIT isRefreshingChanged();
     m_refreshAgain = false;
     m_refreshMark = now();
-    ++m_refreshCount;
-    m_refreshEnd = std::make_shared<QPromise<void>>();
-    m_refreshEnd->start();
-    m_slowRefresh.start();
     const QStringList excluded = m_services.preferences.excludedCalendars();
     // All at once: no source waits for another.
     QCoro::Task<> manual = loadManualMeetings();
@@ -46,7 +41,7 @@ QCoro::Task<> AppModel::refresh()
 
 void AppModel::endRefresh()
 {
-    m_isRefreshing = false;
+    m_turns.end();
     m_lastRefresh = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
     describeSources();
     mendTimes();
@@ -58,10 +53,8 @@ void AppModel::endRefresh()
         keepChoices();
     if (m_phone.health().state == PhoneHealth::State::unknown)
         launch(m_phone.look());
-    m_slowRefresh.stop();
     listSources();
     Q_EMIT isRefreshingChanged();
-    m_refreshEnd->finish();
     if (m_refreshAgain)
         m_changeDelay.start();
 }
@@ -73,29 +66,21 @@ QCoro::Task<> AppModel::refreshSince(int count)
     if (m_mode == Mode::preview)
         co_return;
     const QPointer<AppModel> self(this);
-    if (m_refreshCount == count)
-        co_await refreshEnded();
+    if (m_turns.count() == count)
+        co_await m_turns.ended();
     if (!self)
         co_return;
-    if (m_refreshCount == count)
+    if (m_turns.count() == count)
         co_await refresh();
     else
-        co_await refreshEnded();
-}
-
-QCoro::Task<> AppModel::refreshEnded()
-{
-    if (!m_isRefreshing)
-        co_return;
-    const QFuture<void> ended = m_refreshEnd->future();
-    co_await ended;
+        co_await m_turns.ended();
 }
 
 // A change that comes while a reading is under way may have been missed by it, so it is followed by another
 // one. Stores that are done are read at once: they do not wait for one that hangs.
 void AppModel::requestRefresh()
 {
-    if (!m_isRefreshing) {
+    if (!m_turns.isRunning()) {
         launch(refresh());
         return;
     }
@@ -148,7 +133,7 @@ void AppModel::applyReading()
             m_ownIDs.insert(meeting.id);
     }
     // The server's copy of a meeting that was deleted here does not bring it back.
-    std::vector<Meeting> saved = m_serverMeetings;
+    std::vector<Meeting> saved = m_server.meetings;
     std::erase_if(saved, [this](const Meeting &meeting) { return m_manual.wasRemoved(meeting.id); });
     collectEvents(MeetingSelection::candidates(local, saved, m_manual.meetings(), ownFreshness(), now()));
     silenceAcknowledged(m_calendarEvents);
@@ -216,7 +201,7 @@ void AppModel::closeOutdatedAlert()
 // A source that fails is told of when the refresh ends, since another one may still answer.
 void AppModel::describeSources()
 {
-    if (m_isRefreshing && !m_calendarAccess && !m_fantastical.isConnected())
+    if (m_turns.isRunning() && !m_calendarAccess && !m_fantastical.isConnected())
         return;
     m_status = SourceStatus::line({m_calendarAccess, m_fantastical.isConnected(),
                                    m_services.calendarReader.problems(), m_scheduledMeetings.size()});
@@ -230,7 +215,7 @@ QCoro::Task<> AppModel::connectCalendar()
     const QPointer<AppModel> self(this);
     if (m_mode == Mode::preview)
         co_return;
-    if (m_isRefreshing) {
+    if (m_turns.isRunning()) {
         m_refreshAgain = true;
         co_return;
     }

@@ -37,18 +37,18 @@ bool holds(const std::vector<Meeting> &meetings, const Meeting &wanted)
 
 bool AppModel::isServerInCharge() const
 {
-    return m_serverAddressStored && m_serverFailures < failuresUntilBackup;
+    return m_server.isAddressStored && m_server.failures < failuresUntilBackup;
 }
 
 // An address without a token is no server either, and nobody else would ring the phone.
 void AppModel::workAlone()
 {
-    m_serverConfigured = false;
-    m_scheduleSynced = false;
-    m_serverFailures = m_serverAddressStored ? failuresUntilBackup : 0;
+    m_server.isConfigured = false;
+    m_server.isSynced = false;
+    m_server.failures = m_server.isAddressStored ? failuresUntilBackup : 0;
     m_cloudStatus = u"Local only. Phone delivery stops while this Mac sleeps."_s;
-    if (!m_serverMeetings.empty()) {
-        m_serverMeetings.clear();
+    if (!m_server.meetings.empty()) {
+        m_server.meetings.clear();
         applyReading();
     }
 }
@@ -68,7 +68,7 @@ QCoro::Task<std::optional<bool>> AppModel::readServerConfigured()
 QCoro::Task<> AppModel::exchangeWithServer()
 {
     const QPointer<AppModel> self(this);
-    m_serverAddressStored = !m_services.preferences.serverURL().isEmpty();
+    m_server.isAddressStored = !m_services.preferences.serverURL().isEmpty();
     if (wasJustTold())
         co_return;
     const std::optional<bool> configured = co_await readServerConfigured();
@@ -78,7 +78,7 @@ QCoro::Task<> AppModel::exchangeWithServer()
         workAlone();
         co_return;
     }
-    m_serverConfigured = true;
+    m_server.isConfigured = true;
     const QString address = serverURL();
     const Result<ServerState> state = co_await m_services.network.state();
     if (!self || address != serverURL()) // what the server before said no longer counts
@@ -101,23 +101,23 @@ QCoro::Task<> AppModel::exchangeWithServer()
 // hear of each.
 bool AppModel::wasJustTold() const
 {
-    return m_serverAddressStored && m_scheduleSynced && m_judgedRevision == m_scheduleRevision &&
-           m_pendingAcks.isEmpty() && std::abs(now() - m_judgedAt) < exchangePause;
+    return m_server.isAddressStored && m_server.isSynced && m_server.judgedRevision == m_scheduleRevision &&
+           m_pendingAcks.isEmpty() && std::abs(now() - m_server.judgedAt) < exchangePause;
 }
 
 void AppModel::countServerFailure()
 {
-    ++m_serverFailures;
-    m_scheduleSynced = false;
+    ++m_server.failures;
+    m_server.isSynced = false;
     m_cloudStatus =
         u"Server unreachable. Screen alerts remain active; phone backup starts after repeated failures."_s;
 }
 
 void AppModel::takeServerState(const ServerState &state)
 {
-    m_serverMeetings = state.events;
-    m_acknowledgedThere = QSet<QString>(state.acknowledged.begin(), state.acknowledged.end());
-    const QSet<QString> confirmed = m_pendingAcks & m_acknowledgedThere;
+    m_server.meetings = state.events;
+    m_server.acknowledged = QSet<QString>(state.acknowledged.begin(), state.acknowledged.end());
+    const QSet<QString> confirmed = m_pendingAcks & m_server.acknowledged;
     for (const QString &id : confirmed)
         settleAcknowledgment(id);
     applyReading(); // which silences what is acknowledged there, before it looks for what is due
@@ -128,7 +128,7 @@ void AppModel::silenceAcknowledged(const std::vector<Meeting> &meetings)
 {
     QStringList ids;
     for (const Meeting &meeting : meetings) {
-        if (m_acknowledgedThere.contains(meeting.id) && !m_records.value(meeting.id).acknowledged)
+        if (m_server.acknowledged.contains(meeting.id) && !m_records.value(meeting.id).acknowledged)
             ids.append(meeting.id);
     }
     for (const QString &id : std::as_const(ids)) {
@@ -151,7 +151,7 @@ QCoro::Task<AppModel::UploadOutcome> AppModel::uploadSchedule()
     if (!answer || !answer->ok)
         co_return UploadOutcome::failed;
     if (self)
-        m_syncedRevision = revision;
+        m_server.syncedRevision = revision;
     co_return UploadOutcome::taken;
 }
 
@@ -168,23 +168,23 @@ std::vector<Meeting> AppModel::ownSchedule() const
 void AppModel::judgeServer(const ServerState &state, UploadOutcome uploaded)
 {
     const bool isUploading = uploaded != UploadOutcome::notWanted;
-    const bool holdsAll = isUploading
-                              ? m_syncedRevision == m_scheduleRevision && uploaded == UploadOutcome::taken
-                              : std::ranges::all_of(m_scheduledMeetings, [&](const Meeting &meeting) {
-                                    return holds(state.events, meeting);
-                                });
+    const bool holdsAll =
+        isUploading ? m_server.syncedRevision == m_scheduleRevision && uploaded == UploadOutcome::taken
+                    : std::ranges::all_of(m_scheduledMeetings, [&](const Meeting &meeting) {
+                          return holds(state.events, meeting);
+                      });
     const auto report =
         ServerReport::of(state.health, holdsAll ? ScheduleState::synced : ScheduleState::unsynced);
     if (report.canDeliver && uploaded == UploadOutcome::failed) {
         countServerFailure();
         return;
     }
-    m_judgedAt = now();
-    m_judgedRevision = m_scheduleRevision;
-    m_scheduleSynced = report.canDeliver && holdsAll;
-    m_serverFailures = report.canDeliver ? 0 : failuresUntilBackup;
+    m_server.judgedAt = now();
+    m_server.judgedRevision = m_scheduleRevision;
+    m_server.isSynced = report.canDeliver && holdsAll;
+    m_server.failures = report.canDeliver ? 0 : failuresUntilBackup;
     m_cloudStatus = report.text;
-    if (m_scheduleSynced)
+    if (m_server.isSynced)
         settleUnsynced();
 }
 

@@ -62,13 +62,8 @@ void AppModel::takeSettings(const UserSettings &before)
 // Nothing that one server said counts for another.
 void AppModel::forgetServer()
 {
-    m_serverAddressStored = !serverURL().isEmpty();
-    m_serverMeetings.clear();
-    m_acknowledgedThere.clear();
-    m_scheduleSynced = false;
-    m_syncedRevision = -1;
-    m_judgedRevision = -1;
-    m_serverFailures = 0;
+    m_server = {};
+    m_server.isAddressStored = !serverURL().isEmpty();
 }
 
 bool AppModel::isWritten(const Result<void> &outcome)
@@ -92,7 +87,7 @@ void AppModel::setSoundEnabled(Switch enabled)
 
 QCoro::Task<> AppModel::setUploadMacSnapshot(Switch enabled)
 {
-    const int count = m_refreshCount;
+    const int count = m_turns.count();
     if (isWritten(m_settings.setUploadMacSnapshot(enabled)))
         co_await refreshSince(count);
 }
@@ -126,7 +121,7 @@ QCoro::Task<bool> AppModel::storeCredentials(CredentialEdits edits)
         co_return stored.has_value();
     if (edits.pushoverUser || edits.pushoverToken) {
         m_phone.forget();
-        m_retryAfter.clear();
+        m_phoneLink.retryAfter.clear();
     }
     if (edits.serverToken)
         requestRefresh();
@@ -200,7 +195,7 @@ QCoro::Task<SettingsOutcome> AppModel::removeSharedSchedule()
     if (m_mode == Mode::preview)
         co_return onlyPreview();
     const QPointer<AppModel> self(this);
-    co_await refreshEnded();
+    co_await m_turns.ended();
     if (!self)
         co_return SettingsOutcome();
     const Result<OKResponse> answer = co_await m_services.network.removeSnapshot();

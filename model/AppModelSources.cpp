@@ -36,7 +36,7 @@ void AppModel::listSources()
         .folders = m_settings.values().calendarFolders,
         .fantastical = m_fantastical,
         .isFantasticalExpected = m_fantastical.wasEverConnected() || isSecondSourceExpected(),
-        .isRefreshSlow = m_isRefreshing && !m_slowRefresh.isActive(),
+        .isRefreshSlow = m_turns.isSlow(),
     };
     std::vector<SourceHealth> sources = SourceList::of(situation);
     if (sources == m_sources)
@@ -47,7 +47,7 @@ void AppModel::listSources()
 
 QCoro::Task<> AppModel::setCalendarEnabled(QString id, Switch enabled)
 {
-    const int count = m_refreshCount;
+    const int count = m_turns.count();
     if (isWritten(m_settings.setCalendarEnabled(id, enabled)))
         co_await refreshSince(count);
 }
@@ -79,14 +79,14 @@ QCoro::Task<> AppModel::connectCalendarFolder()
     if (!self)
         co_return;
     m_isChoosingFolder = false;
-    const int count = m_refreshCount;
+    const int count = m_turns.count();
     if (folder && isWritten(m_settings.addCalendarFolder(*folder)))
         co_await refreshSince(count);
 }
 
 QCoro::Task<> AppModel::disconnectCalendarFolder(QString folder)
 {
-    const int count = m_refreshCount;
+    const int count = m_turns.count();
     if (isWritten(m_settings.removeCalendarFolder(folder)))
         co_await refreshSince(count);
 }

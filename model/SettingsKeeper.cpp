@@ -53,11 +53,12 @@ void SettingsKeeper::reload()
     assume(m_preferences.values(), choices);
 }
 
-void SettingsKeeper::assume(const UserSettings &values, const MeetingChoices &choices)
+// By value: callers hand in what is held here.
+void SettingsKeeper::assume(UserSettings values, MeetingChoices choices)
 {
-    const UserSettings before = std::exchange(m_values, values);
+    const UserSettings before = std::exchange(m_values, std::move(values));
     const bool areOthers = m_choices != choices;
-    m_choices = choices;
+    m_choices = std::move(choices);
     if (before != m_values)
         Q_EMIT valuesChanged(before);
     if (areOthers)

@@ -59,7 +59,7 @@ public:
     void pruneChoices(const QSet<QString> &knownIDs);
 
     /// Takes these for what the file holds.
-    void assume(const UserSettings &values, const MeetingChoices &choices);
+    void assume(UserSettings values, MeetingChoices choices);
 
 Q_SIGNALS:
     /// Whoever changed them; `before` is what they were.
