@@ -6,6 +6,8 @@
 #include "model/AppModel.h"
 #include "ui/format/MeetingFormat.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -27,6 +29,11 @@ EmptyFace noMeetings()
                 u"What is added to your calendars appears here by itself. Anything else you must not miss "
                 "can be added by hand."_s,
             .offersAdd = true};
+}
+
+EmptyFace unreadable(const QString &status)
+{
+    return {.isShown = true, .title = u"Your calendars do not answer"_s, .text = status, .offersAdd = true};
 }
 
 void describe(EmptyFace &face)
@@ -61,6 +68,9 @@ EmptyAgenda::EmptyAgenda(AppModel &model, QObject *parent)
     connect(&model, &AppModel::meetingsChanged, this, &EmptyAgenda::update);
     connect(&model, &AppModel::calendarsChanged, this, &EmptyAgenda::update);
     connect(&model, &AppModel::isRefreshingChanged, this, &EmptyAgenda::update);
+    connect(&model, &AppModel::sourcesChanged, this, &EmptyAgenda::update);
+    connect(&model, &AppModel::statusChanged, this, &EmptyAgenda::update);
+    connect(&model, &AppModel::ticked, this, &EmptyAgenda::update);
     update();
 }
 
@@ -88,8 +98,8 @@ void EmptyAgenda::update()
 
 void EmptyAgenda::lookForStart()
 {
-    const bool isNew = m_model.records().isEmpty() || calendarCount() == 0;
-    if (m_steps == Steps::notBegun && isNew && !isReading() && m_model.calendarEvents().empty())
+    const bool isNew = isNewUser() || calendarCount() == 0;
+    if (m_steps == Steps::notBegun && isNew && !isReading() && !isFailing() && meetingCount() == 0)
         m_steps = Steps::underWay;
 }
 
@@ -99,24 +109,47 @@ bool EmptyAgenda::isReading() const
     return m_model.isRefreshing() && !m_model.lastRefresh();
 }
 
+bool EmptyAgenda::isNewUser() const
+{
+    return m_model.records().isEmpty();
+}
+
+// Nor does anybody know while a calendar does not answer.
+bool EmptyAgenda::isFailing() const
+{
+    return std::ranges::any_of(m_model.sources(), [](const SourceHealth &source) {
+        return source.state == SourceHealth::State::failing;
+    });
+}
+
 qsizetype EmptyAgenda::calendarCount() const
 {
     return static_cast<qsizetype>(m_model.calendars().size() + m_model.fantasticalCalendars().size());
 }
 
+qsizetype EmptyAgenda::meetingCount() const
+{
+    const double now = m_model.now();
+    return std::ranges::count_if(m_model.calendarEvents(),
+                                 [now](const Meeting &meeting) { return meeting.end > now; });
+}
+
 EmptyFace EmptyAgenda::currentFace() const
 {
-    if (m_steps == Steps::underWay)
+    const bool hasMeetings = meetingCount() > 0;
+    if (m_steps == Steps::underWay && (isNewUser() || !hasMeetings))
         return steps();
-    if (!m_model.calendarEvents().empty())
+    if (hasMeetings)
         return {};
+    if (isFailing())
+        return unreadable(m_model.status());
     return isReading() ? reading() : noMeetings();
 }
 
 EmptyFace EmptyAgenda::steps() const
 {
     const qsizetype calendars = calendarCount();
-    const auto meetings = static_cast<qsizetype>(m_model.calendarEvents().size());
+    const qsizetype meetings = meetingCount();
     EmptyFace face;
     face.isShown = true;
     face.isCalendarDone = calendars > 0;

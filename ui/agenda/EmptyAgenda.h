@@ -11,9 +11,10 @@ namespace quorvane {
 
 class AppModel;
 
-/// What stands in the list's place when there is no meeting. A new user, for whom no alert has ever come up,
-/// is led to the first one in three steps: a calendar, a meeting, a look at what an alert is like. These
-/// stay, also when meetings have come in, until the look has been taken, so that each step is seen done.
+/// What stands in the list's place when there is no meeting. Whoever has no calendar either, or has never had
+/// an alert, is led to the first one in three steps: a calendar, a meeting, a look at what an alert is like.
+/// For a new user they stay when meetings have come in, until the look has been taken, so that each step is
+/// seen done.
 class EmptyAgenda final : public QObject
 {
     Q_OBJECT
@@ -38,6 +39,9 @@ private:
     void update();
     void lookForStart();
     [[nodiscard]] bool isReading() const;
+    [[nodiscard]] bool isNewUser() const;
+    [[nodiscard]] bool isFailing() const;
+    [[nodiscard]] qsizetype meetingCount() const;
     [[nodiscard]] qsizetype calendarCount() const;
     [[nodiscard]] EmptyFace currentFace() const;
     [[nodiscard]] EmptyFace steps() const;

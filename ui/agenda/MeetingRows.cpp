@@ -5,6 +5,7 @@
 
 #include "async/Launch.h"
 #include "model/AppModel.h"
+#include "ui/format/MeetingFormat.h"
 
 #include <QDateTime>
 
@@ -38,6 +39,13 @@ MeetingRows::MeetingRows(AppModel &model, QObject *parent)
     connect(&model, &AppModel::calendarsChanged, this, &MeetingRows::read);
     connect(&model, &AppModel::ticked, this, &MeetingRows::follow);
     read();
+}
+
+QString MeetingRows::widestTimes()
+{
+    const QDateTime late(QDate(2000, 1, 1), QTime(22, 48));
+    const auto time = static_cast<double>(late.toSecsSinceEpoch());
+    return MeetingFormat::timeRange({.start = time, .end = time});
 }
 
 int MeetingRows::rowCount(const QModelIndex &parent) const

@@ -21,6 +21,7 @@ class MeetingRows final : public QAbstractListModel
     QML_ELEMENT
     QML_UNCREATABLE("Made with a model")
     Q_PROPERTY(int count READ count NOTIFY countChanged)
+    Q_PROPERTY(QString widestTimes READ widestTimes CONSTANT)
 
 public:
     /// The one role: the `MeetingRow`.
@@ -32,6 +33,9 @@ public:
     [[nodiscard]] int count() const { return static_cast<int>(m_rows.size()); }
     /// `index` must be one of the rows.
     [[nodiscard]] const MeetingRow &at(int index) const { return m_rows[static_cast<std::size_t>(index)]; }
+
+    /// No row's `times` is wider.
+    [[nodiscard]] static QString widestTimes();
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

@@ -9,6 +9,7 @@
 
 #include <QAccessible>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void aRefreshLeavesWhatIsSeenWhereItIs_data();
     void aRefreshLeavesWhatIsSeenWhereItIs();
     void onlyRowsInSightHaveItems();
+    void whatStaysIsNeitherDrawnOverNorClickedThrough();
     void aTrashedMeetingIsAskedForInPlace();
     void whatIsPressedHappens();
     void rowsAreReadOut();
@@ -183,6 +185,8 @@ void AgendaPageTest::everyWindowHoldsEveryWord_data()
     row("trouble-dark", "trouble", {884, 718}, Switch::on);
     row("long-words-dark", "long words", {884, 780}, Switch::on);
     row("long-words-minimum-light", "long words", {648, 620}, Switch::off);
+    row("question-minimum-light", "question", {648, 720}, Switch::off);
+    row("scrolled-dark", "scrolled", {884, 718}, Switch::on);
     row("begun-dark", "begun", {884, 780}, Switch::on);
     row("alert-off-light", "alert off", {884, 780}, Switch::off);
 }
@@ -211,6 +215,8 @@ void AgendaPageTest::everyWindowHoldsEveryWord()
     } else {
         scene->addMorning();
     }
+    if (kind == u"scrolled")
+        addMany(300);
     if (kind == u"trouble") {
         scene->content.phoneHealth.state = PhoneHealth::State::failed;
         scene->content.sources[1].state = SourceHealth::State::failing;
@@ -228,6 +234,12 @@ void AgendaPageTest::everyWindowHoldsEveryWord()
         AgendaScene::passTo(*f, AgendaScene::at(0, 10, 1));
     } else if (kind == u"alert off") {
         agenda->next()->toggleAlert();
+    }
+    if (kind == u"question") {
+        agenda->meetings()->askToDelete(agenda->meetings()->at(3).id());
+        rowOf(u"Stand-up"_s)->forceActiveFocus();
+    } else if (kind == u"scrolled") {
+        picture->item("scroll")->setProperty("contentY", 8000);
     }
     QTest::qWait(600);
     keepPicture();
@@ -380,6 +392,32 @@ void AgendaPageTest::onlyRowsInSightHaveItems()
     }
     QVERIFY(picture->item("list")->childItems().size() < 20);
     QCOMPARE(scroll->property("contentHeight").toReal(), 6 + picture->item("list")->height() + 26);
+}
+
+void AgendaPageTest::whatStaysIsNeitherDrawnOverNorClickedThrough()
+{
+    addMany(100);
+    open({884, 718});
+    const QRect head(0, 0, 884, 290);
+    const QImage before = picture->image().copy(head);
+    QQuickItem *scroll = picture->item("scroll");
+    for (int y = 10; y < 300; y += 10) {
+        scroll->setProperty("contentY", y);
+        QSignalSpy drawn(&picture->view, &QQuickWindow::frameSwapped);
+        picture->view.update();
+        QVERIFY(drawn.wait());
+    }
+    // What the window shows, and not a picture made for this test.
+    const QImage shown = picture->view.screen()->grabWindow(picture->view.winId()).toImage().copy(head);
+    QVERIFY(shown.convertToFormat(before.format()) == before);
+
+    const QString hidden = titleOf(rows().front());
+    scroll->setProperty("contentY", scroll->property("contentY").toReal() + yOf(hidden) - 280);
+    settle();
+    QCOMPARE(yOf(hidden), 280);
+    click(inRow(hidden, "alert"));
+    for (int row = 0; row < agenda->meetings()->count(); ++row)
+        QVERIFY(agenda->meetings()->at(row).alerts);
 }
 
 void AgendaPageTest::aTrashedMeetingIsAskedForInPlace()

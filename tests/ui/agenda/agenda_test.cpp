@@ -34,6 +34,7 @@ private Q_SLOTS:
     void aFailingSourceGetsAWord();
     void aNewUserIsLedToTheFirstAlert();
     void withCalendarsAndNoMeetingTheAgendaSaysSo();
+    void whoeverHadAlertsGetsTheListBackAtOnce();
     void beforeTheFirstReadingNothingIsClaimed();
 
 private:
@@ -289,6 +290,27 @@ void AgendaTest::withCalendarsAndNoMeetingTheAgendaSaysSo()
     QCOMPARE(agenda->empty()->face().step, 0);
     QVERIFY(agenda->empty()->face().offersAdd && !agenda->empty()->face().offersConnect);
     QVERIFY(!agenda->next()->face().exists);
+
+    scene->content.sources[0].state = SourceHealth::State::failing;
+    scene->content.status = u"A calendar did not answer."_s;
+    scene->show(*f);
+    QCOMPARE(agenda->empty()->face().text, scene->content.status);
+}
+
+void AgendaTest::whoeverHadAlertsGetsTheListBackAtOnce()
+{
+    scene->content.records.insert(u"an earlier one"_s, AlertRecord{});
+    scene->content.calendarEvents.clear();
+    const auto calendars = std::exchange(scene->content.calendars, {});
+    scene->show(*f);
+    QCOMPARE(agenda->empty()->face().step, 1);
+    scene->content.calendars = calendars;
+    scene->addMorning();
+    scene->show(*f);
+    QVERIFY(!agenda->empty()->face().isShown);
+    // The last meeting ends, and nothing has been read since.
+    AgendaScene::passTo(*f, AgendaScene::at(2, 16, 30));
+    QVERIFY(agenda->empty()->face().isShown && agenda->meetings()->count() == 0);
 }
 
 void AgendaTest::beforeTheFirstReadingNothingIsClaimed()

@@ -36,6 +36,22 @@ Item {
         width: page.contentWidth
         height: page.bodyTop - page.edge
 
+        // Covers what scrolls below it. Clipping would not do: the software renderer draws shapes that lie outside of
+        // their clip, and those that are hidden by something it takes for opaque, which nothing with a radius is.
+        Rectangle {
+            x: -page.margin
+            width: page.width
+            height: parent.height
+            visible: page.headStays
+            radius: 1
+            color: Theme.canvas
+
+            MouseArea {
+                anchors.fill: parent
+                hoverEnabled: true
+            }
+        }
+
         PageHeading {
             y: 20
             width: parent.width
@@ -72,7 +88,7 @@ Item {
         height: page.height - y
         contentWidth: width
         contentHeight: Math.max(page.isWide ? body.y + body.height : 0, panels.restY + panels.height) + 26
-        clip: true
+        clip: !page.headStays
         boundsBehavior: Flickable.StopAtBounds
         flickableDirection: Flickable.VerticalFlick
 

@@ -37,7 +37,7 @@ Row {
 
     ActionButton {
         objectName: "deleteConfirm"
-        focusPolicy: question.reachable ? Qt.StrongFocus : Qt.ClickFocus
+        activeFocusOnTab: question.reachable
         size: ActionButton.Compact
         kind: ActionButton.Danger
         text: qsTr("Delete")
@@ -49,7 +49,7 @@ Row {
         id: keep
 
         objectName: "deleteKeep"
-        focusPolicy: question.reachable ? Qt.StrongFocus : Qt.ClickFocus
+        activeFocusOnTab: question.reachable
         size: ActionButton.Compact
         kind: ActionButton.Secondary
         text: qsTr("Keep")

@@ -16,7 +16,7 @@ Card {
     signal addMeetingRequested
     signal calendarsRequested
 
-    implicitHeight: block.height + 2 * 44
+    implicitHeight: block.height + 2 * 32
 
     Column {
         id: block

@@ -14,7 +14,8 @@ Item {
     required property bool isCurrent
     required property MeetingRows meetings
 
-    readonly property int cardRadius: 16
+    /// As wide as any times in the user's way of writing them.
+    readonly property real timeRoom: Math.max(106, Math.ceil(widestTimes.advanceWidth) + 8)
     readonly property color strongText: row.alerts ? Theme.text : Theme.text2
 
     activeFocusOnTab: isCurrent
@@ -31,6 +32,13 @@ Item {
     Keys.onEscapePressed: event => {
         event.accepted = row.asksDelete;
         question.answerNo();
+    }
+
+    TextMetrics {
+        id: widestTimes
+
+        font: times.font
+        text: item.meetings.widestTimes
     }
 
     Label {
@@ -58,27 +66,14 @@ Item {
         Accessible.ignored: true
     }
 
-    Item {
+    CardSlice {
         id: card
 
         anchors.bottom: parent.bottom
         width: parent.width
         height: 62
-        clip: true
-
-        // Rounded corners and outlines that do not belong to this slice lie outside of it.
-        Rectangle {
-            readonly property int above: item.row.isFirstOfDay ? 0 : item.cardRadius + 1
-            readonly property int below: item.row.isLastOfDay ? 0 : item.cardRadius + 1
-
-            y: -above
-            width: parent.width
-            height: parent.height + above + below
-            radius: item.cardRadius
-            color: Theme.card
-            border.width: 1
-            border.color: Theme.line
-        }
+        isTop: item.row.isFirstOfDay
+        isBottom: item.row.isLastOfDay
 
         Rectangle {
             anchors.fill: parent
@@ -100,9 +95,11 @@ Item {
         }
 
         Label {
+            id: times
+
             x: 18
             y: 20 - height / 2
-            width: 106
+            width: item.timeRoom
             style: Label.Strong
             text: item.row.times
             color: item.strongText
@@ -111,7 +108,7 @@ Item {
         Label {
             x: 18
             y: 42 - height / 2
-            width: 106
+            width: item.timeRoom
             style: Label.Small
             text: item.row.duration
             color: Theme.text3
@@ -120,9 +117,9 @@ Item {
         Label {
             id: title
 
-            readonly property real room: actions.x - 14 - x - (now.visible ? now.width + 7 : 0)
+            readonly property real room: actions.x - 10 - x - (now.visible ? now.width + 7 : 0)
 
-            x: 132
+            x: 26 + item.timeRoom
             y: 21 - height / 2
             width: Math.max(0, Math.min(Math.ceil(implicitWidth), room))
             style: Label.RowTitle
@@ -153,7 +150,7 @@ Item {
         StateDot {
             id: dot
 
-            x: 132
+            x: title.x
             y: 43 - height / 2
             side: 8
             color: Theme.dot(item.row.dotColor, item.row.dotTurn)
@@ -163,7 +160,7 @@ Item {
             anchors.left: dot.right
             anchors.leftMargin: 7
             anchors.right: actions.left
-            anchors.rightMargin: 14
+            anchors.rightMargin: 10
             anchors.verticalCenter: dot.verticalCenter
             style: Label.Small
             text: item.row.calendar
@@ -187,7 +184,7 @@ Item {
 
                 IconButton {
                     objectName: "delete"
-                    focusPolicy: item.isCurrent ? Qt.StrongFocus : Qt.ClickFocus
+                    activeFocusOnTab: item.isCurrent
                     visible: item.row.canDelete
                     icon: Icons.trash
                     name: qsTr("Delete %1").arg(item.row.title)
@@ -199,7 +196,7 @@ Item {
 
                 IconButton {
                     objectName: "join"
-                    focusPolicy: item.isCurrent ? Qt.StrongFocus : Qt.ClickFocus
+                    activeFocusOnTab: item.isCurrent
                     visible: item.row.canJoin
                     icon: Icons.video
                     raised: true
@@ -215,7 +212,7 @@ Item {
 
                 ToggleSwitch {
                     objectName: "alert"
-                    focusPolicy: item.isCurrent ? Qt.StrongFocus : Qt.ClickFocus
+                    activeFocusOnTab: item.isCurrent
                     name: qsTr("Alert for %1, %2").arg(item.row.title).arg(item.row.start)
                     checked: item.row.alerts
                     onToggled: item.meetings.toggleAlert(item.row.id)
