@@ -46,7 +46,7 @@ void AccountList::show(const std::vector<CalendarAccount> &accounts, const QStri
         Q_EMIT countChanged();
 }
 
-void AccountList::passTime(double now)
+void AccountList::followTime(double now)
 {
     for (int place = 0; place < count(); ++place) {
         Row row = m_rows[static_cast<std::size_t>(place)];

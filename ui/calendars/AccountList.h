@@ -58,7 +58,7 @@ public:
     /// `fantasticalMessage` is what the second source says of itself; `now` is Unix time in seconds.
     void show(const std::vector<CalendarAccount> &accounts, const QString &fantasticalMessage, double now);
     /// Tells anew how long ago things were.
-    void passTime(double now);
+    void followTime(double now);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

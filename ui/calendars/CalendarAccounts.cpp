@@ -55,7 +55,7 @@ std::vector<CalendarAccount> of(const AppModel &model)
     Accounts accounts;
     for (const SourceHealth &health : model.sources())
         accounts.push_back({.health = health});
-    const QStringList excluded = model.excludedCalendars();
+    const QStringList &excluded = model.excludedCalendars();
     const auto systemCount = static_cast<int>(model.calendars().size());
     distribute(accounts, model.calendars(), Source::system, excluded, 0);
     distribute(accounts, model.fantasticalCalendars(), Source::fantastical, excluded, systemCount);

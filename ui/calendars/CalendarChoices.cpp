@@ -21,7 +21,7 @@ CalendarChoices::CalendarChoices(AppModel &model, QObject *parent)
     for (const auto signal :
          {&AppModel::calendarsChanged, &AppModel::sourcesChanged, &AppModel::statusChanged})
         connect(&model, signal, this, &CalendarChoices::update);
-    connect(&model, &AppModel::ticked, this, [this] { m_accounts.passTime(m_model.now()); });
+    connect(&model, &AppModel::ticked, this, [this] { m_accounts.followTime(m_model.now()); });
     update();
 }
 

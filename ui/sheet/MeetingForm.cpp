@@ -34,7 +34,7 @@ MeetingForm::MeetingForm(AppModel &model, QObject *parent)
         Q_EMIT startChanged();
         judge();
     });
-    connect(&model, &AppModel::ticked, this, &MeetingForm::passTime);
+    connect(&model, &AppModel::ticked, this, &MeetingForm::followTime);
 }
 
 void MeetingForm::setTitle(const QString &title)
@@ -128,7 +128,7 @@ QCoro::Task<> MeetingForm::add()
     Q_EMIT dismissed();
 }
 
-void MeetingForm::passTime()
+void MeetingForm::followTime()
 {
     m_startChoice.setNow(m_model.now());
     judge();

@@ -97,7 +97,7 @@ private:
     };
 
     QCoro::Task<> add();
-    void passTime();
+    void followTime();
     void judge();
     [[nodiscard]] Errors errorsNow() const;
 

@@ -282,6 +282,7 @@ void CalendarsPageTest::everySwitchIsNamedInFull()
     QVERIFY(QRectF(0, 0, 504, 10000).contains(ViewPicture::area(toggle)));
     QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(toggle);
     QCOMPARE(spoken->text(QAccessible::Name), name);
+    QCOMPARE(spoken->role(), QAccessible::CheckBox);
     QVERIFY(!spoken->state().checked);
 }
 
