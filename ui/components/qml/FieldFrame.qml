@@ -29,6 +29,7 @@ Item {
         anchors.fill: parent
         radius: 11
         lineWidth: frame.focused || frame.wrong ? 1.5 : 1
-        outline: frame.wrong ? Theme.warn : frame.focused ? Theme.accentText : Theme.fieldLine
+        outline: frame.wrong ? Theme.warn : frame.focused ? Theme.accentText
+            : enabled ? Theme.fieldLine : Theme.line
     }
 }

@@ -2,46 +2,50 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import QtQuick.Templates as T
 import Quorvane.Components
 
-/// The line of text of a field.
-T.TextField {
-    id: input
+/// A frame with one line of text to edit. Around the plain text input: the library's text field loses the name of a
+/// password and the description as soon as somebody assistive asks.
+FocusScope {
+    id: field
 
+    property alias text: input.text
+    property alias length: input.length
+    property alias echoMode: input.echoMode
+    property alias maximumLength: input.maximumLength
+    property alias horizontalAlignment: input.horizontalAlignment
+    property alias inputMethodHints: input.inputMethodHints
+    property alias accessibleName: input.accessibleName
+    property alias accessibleDescription: input.accessibleDescription
     /// One of `Icons`, or none.
     property string icon: ""
     property string error: ""
+    property string placeholderText: ""
+    property color placeholderTextColor: Theme.text3
+    property real leftPadding: icon === "" ? 14 : 39
+    property real rightPadding: 14
     property bool showsFocus: activeFocus
 
-    implicitHeight: 42
-    leftPadding: icon === "" ? 14 : 39
-    rightPadding: 14
-    verticalAlignment: TextInput.AlignVCenter
-    selectByMouse: true
-    color: enabled ? Theme.text : Theme.text3
-    placeholderTextColor: Theme.text3
-    selectionColor: Theme.faded(Theme.accent, 0.35)
-    selectedTextColor: Theme.text
-    font.family: Theme.textFace
-    font.pixelSize: 14
-    font.weight: Font.Medium
-    // It stands still, so that a field at rest wakes nobody.
-    cursorDelegate: Item {
-        visible: (parent as TextInput)?.cursorVisible ?? false
+    /// The person has changed the text.
+    signal textEdited
 
-        Rectangle {
-            x: 1
-            y: 1
-            width: 2
-            height: parent.height - 2
-            color: Theme.accentText
-        }
+    function selectAll() : void {
+        input.selectAll();
     }
 
-    background: FieldFrame {
-        focused: input.showsFocus
-        wrong: input.error !== ""
+    implicitWidth: 200
+    implicitHeight: 42
+
+    FieldFrame {
+        anchors.fill: parent
+        focused: field.showsFocus
+        wrong: field.error !== ""
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        cursorShape: Qt.IBeamCursor
+        onPressed: input.forceActiveFocus(Qt.MouseFocusReason)
     }
 
     LineIcon {
@@ -49,19 +53,29 @@ T.TextField {
         anchors.verticalCenter: parent.verticalCenter
         width: 16
         height: 16
-        visible: input.icon !== ""
-        outline: input.icon
+        visible: field.icon !== ""
+        outline: field.icon
         color: Theme.text3
     }
 
     Label {
-        anchors.fill: parent
-        anchors.leftMargin: input.leftPadding
-        anchors.rightMargin: input.rightPadding
+        anchors.fill: input
         verticalAlignment: Text.AlignVCenter
         visible: input.length === 0 && input.preeditText === ""
-        text: input.placeholderText
-        color: input.placeholderTextColor
+        text: field.placeholderText
+        color: field.placeholderTextColor
         Accessible.ignored: true
+    }
+
+    FieldText {
+        id: input
+
+        objectName: "input"
+        x: field.leftPadding
+        // The cursor stands after the last letter.
+        width: field.width - x - field.rightPadding + 3
+        height: field.height
+        focus: true
+        onTextEdited: field.textEdited()
     }
 }

@@ -53,6 +53,9 @@ Text {
         }
     }
 
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+
     textFormat: Text.PlainText
     color: Theme.text
     elide: Text.ElideRight

@@ -15,6 +15,7 @@ T.ScrollBar {
     minimumSize: 0.06
     visible: size < 1
     hoverEnabled: true
+    Accessible.ignored: true
 
     contentItem: Rectangle {
         implicitWidth: 5

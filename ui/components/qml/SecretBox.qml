@@ -33,7 +33,7 @@ FocusScope {
     /// Forgets what was typed and shows what is stored.
     function reset() : void {
         erased = false;
-        input.clear();
+        input.text = "";
     }
 
     onSavedChanged: reset()
@@ -45,7 +45,9 @@ FocusScope {
         id: dot
 
         text: "\u2022"
-        font: input.font
+        font.family: Theme.textFace
+        font.pixelSize: 14
+        font.weight: Font.Medium
     }
 
     Label {
@@ -60,7 +62,6 @@ FocusScope {
     FieldInput {
         id: input
 
-        objectName: "input"
         y: caption.height + 7
         width: parent.width
         focus: true
@@ -68,9 +69,11 @@ FocusScope {
         rightPadding: clearButton.visible ? 44 : 14
         error: box.error
         echoMode: TextInput.Password
-        passwordCharacter: "\u2022"
         placeholderText: box.showsSaved ? "\u2022".repeat(box.dots) + box.saved : ""
         placeholderTextColor: Theme.text
+        accessibleName: box.label
+        accessibleDescription: box.error !== "" ? box.error
+            : box.showsSaved ? qsTr("Saved, ending in %1").arg(box.saved) : box.hint
         onTextEdited: {
             box.erased = false;
             box.edited(text);
@@ -82,10 +85,6 @@ FocusScope {
             box.reset();
             box.edited("");
         }
-        Accessible.name: box.label
-        Accessible.description: box.error !== "" ? box.error
-            : box.showsSaved ? qsTr("Saved, ending in %1").arg(box.saved) : box.hint
-        Accessible.passwordEdit: true
     }
 
     IconButton {

@@ -39,15 +39,14 @@ FocusScope {
     FieldInput {
         id: input
 
-        objectName: "input"
         y: caption.height + 7
         width: parent.width
         focus: true
         error: box.error
         echoMode: box.masked ? TextInput.Password : TextInput.Normal
+        accessibleName: box.label
+        accessibleDescription: box.error !== "" ? box.error : box.hint
         onTextEdited: box.edited(text)
-        Accessible.name: box.label
-        Accessible.description: box.error !== "" ? box.error : box.hint
     }
 
     FieldNote {

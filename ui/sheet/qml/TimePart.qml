@@ -23,8 +23,8 @@ FieldInput {
     maximumLength: 16
     inputMethodHints: Qt.ImhTime
     text: value
-    Accessible.name: name
-    Accessible.description: qsTr("Up and Down change it")
+    accessibleName: name
+    accessibleDescription: qsTr("Up and Down change it")
     Keys.onUpPressed: stepped(1)
     Keys.onDownPressed: stepped(-1)
     Keys.onEscapePressed: event => {
