@@ -16,7 +16,6 @@
 #include "ui/dashboard/DashboardView.h"
 
 #include <QDir>
-#include <QLocale>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
@@ -118,12 +117,11 @@ void prepare()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("TZ", "UTC");
+    qputenv("LC_ALL", "C.UTF-8");
     for (const char *variable :
          {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_QUICK_BACKEND"})
         qunsetenv(variable);
     QQuickWindow::setSceneGraphBackend(u"software"_s);
-    // English with clock times such as 9:30.
-    QLocale::setDefault({QLocale::English, QLocale::Israel});
 }
 
 Result<void> exportTo(const QString &folder)

@@ -11,6 +11,7 @@
 #include "alert/linux/FrameSettler.h"
 #include "alert/linux/XdgLinkOpener.h"
 #include "app/ProgramResources.h"
+#include "app/ServiceStart.h"
 #include "app/UserFolders.h"
 #include "calendars/linux/DesktopFolderChooser.h"
 #include "calendars/linux/EvolutionStore.h"
@@ -147,15 +148,21 @@ QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment
         std::make_unique<DashboardWindow>(*m_model, m_parts->appearance, nullptr, FrameSettler::whenSettled);
     // A window that is looked at once a day must not weigh on the rest of it.
     QObject::connect(m_dashboard.get(), &DashboardWindow::closed, &returnUnusedMemory);
-    if (arguments.contains(u"--preview-overlay"_s))
-        QObject::connect(m_dashboard.get(), &DashboardWindow::painted, m_model.get(), &AppModel::previewAlert,
-                         Qt::SingleShotConnection);
 }
 
 QuorvaneApp::~QuorvaneApp() = default;
 
-void QuorvaneApp::openDashboard()
+void QuorvaneApp::show(const QStringList &arguments)
 {
+    const bool wantsAlert = arguments.contains(u"--preview-overlay"_s);
+    if (isStartedAsService()) {
+        if (wantsAlert)
+            m_model->previewAlert();
+        return;
+    }
+    if (wantsAlert)
+        QObject::connect(m_dashboard.get(), &DashboardWindow::painted, m_model.get(), &AppModel::previewAlert,
+                         Qt::SingleShotConnection);
     m_dashboard->open();
 }
 

@@ -26,8 +26,9 @@ public:
 
     [[nodiscard]] AppModel &model() const { return *m_model; }
 
-    /// Opens the dashboard, or brings it to the front.
-    void openDashboard();
+    /// Shows what the user sees of a start: the dashboard, unless the program comes up with the session, and
+    /// the sample alert if `arguments` ask for it.
+    void show(const QStringList &arguments);
 
     /// Tells in the terminal how things stand, for who started the program there.
     void reportTo(std::FILE *terminal);

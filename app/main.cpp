@@ -47,7 +47,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     quorvane::QuorvaneApp quorvane(arguments, environment, clock);
     if (::isatty(STDOUT_FILENO) != 0)
         quorvane.reportTo(stdout);
-    quorvane.openDashboard();
+    quorvane.show(arguments);
     const int status = QGuiApplication::exec();
     // Not by leaving: a calendar service or a name server that hangs may still hold a thread, which no
     // orderly end could wait for.

@@ -28,7 +28,6 @@ def figures(quick):
         with Program(desktop) as program:
             for event in meetings():
                 program.add(event)
-            program.close_window()
             watched = {"Quorvane": program.process.pid}
             if os.access(PEER, os.X_OK):
                 watched["evolution-alarm-notify"] = desktop.start("peer", [PEER]).pid

@@ -13,7 +13,6 @@ def alert_up(desktop, seconds):
     with desktop, Program(desktop) as program:
         event = Event("Design review", seconds_from_now(55))
         program.add(event)
-        program.close_window()
         program.wait_shown(event.meeting_id(), 8)
         time.sleep(2)
         share, _ = watch([program.process.pid], seconds)[program.process.pid]

@@ -21,15 +21,16 @@ def binary():
 
 
 class Program:
-    """`with Program(desktop) as program:` starts Quorvane in the desktop's session and ends it; `in_terminal` lets it tell
-    its status."""
+    """`with Program(desktop) as program:` starts Quorvane in the desktop's session and ends it: as at login, with no
+    window, unless `window` asks for it. `in_terminal` lets it tell its status."""
 
-    def __init__(self, desktop, *arguments, settings=None, in_terminal=False, **environment):
+    def __init__(self, desktop, *arguments, settings=None, in_terminal=False, window=False, **environment):
         if not os.access(binary(), os.X_OK):
             raise DesktopError(f"there is no program {binary()} (./dev build makes it)")
         self.desktop = desktop
         self.arguments = arguments
         self.in_terminal = in_terminal
+        self.window = window
         self.environment = {"QT_LOGGING_RULES": "quorvane.alert.debug=true", "QT_FORCE_STDERR_LOGGING": "1",
                             **environment}
         self.data = os.path.join(desktop.env["XDG_DATA_HOME"], "Quorvane")
@@ -56,21 +57,13 @@ class Program:
         os.makedirs(self.calendars, exist_ok=True)
         # Which of Qt's platforms suits the session is for the program to find out.
         command = [binary(), *self.arguments]
+        if not self.window:
+            command = ["sh", "-c", 'SYSTEMD_EXEC_PID=$$ exec "$@"', "login", *command]
         if self.in_terminal:
             # Not every shell gives its place to the last command on its own; the process asked about is the program.
             command = ["script", "-qefc", "exec " + shlex.join(command), "/dev/null"]
         self.process = self.desktop.start("quorvane", command, without=("QT_QPA_PLATFORM",),
                                           **self.environment)
-
-    def close_window(self):
-        """Closes the dashboard as soon as it is there; the program goes on."""
-        def closed():
-            try:
-                self.desktop.close_window("Quorvane")
-            except DesktopError:
-                return False
-            return True
-        wait_until("the dashboard", closed, 10, self.process, self.log)
 
     def kill(self):
         """Ends it as a crash would."""

@@ -25,10 +25,6 @@ class SwayControls:
     def click(self, x, y):
         raise DesktopError("a headless sway has no pointer; press keys instead")
 
-    def close_window(self, title):
-        """As by the compositor's key for it."""
-        self.message(f'[title="^{title}$"] kill')
-
     def screenshot(self, folder, prefix="display-"):
         os.makedirs(folder, exist_ok=True)
         paths = [os.path.join(folder, f"{prefix}{number}.png") for number in range(1, len(self.outputs) + 1)]

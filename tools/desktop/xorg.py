@@ -18,13 +18,12 @@ class XorgControls:
     def press(self, *keys):
         self.run("xdotool", "key", "--clearmodifiers", *keys)
 
+    def type(self, text):
+        self.run("xdotool", "type", "--delay", "2", text)
+
     def click(self, x, y):
         """A left click at a position of the whole desktop."""
         self.run("xdotool", "mousemove", str(x), str(y), "click", "1")
-
-    def close_window(self, title):
-        """As by the button that the window manager draws."""
-        self.run("wmctrl", "-F", "-c", title)
 
     def screenshot(self, folder, prefix="display-"):
         """Writes one picture per display, `folder`/`prefix`N.png, and returns their paths."""

@@ -2,17 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import QtQuick.Templates as T
 import Quorvane.Components
 import Quorvane.Dashboard
 
 /// One section's entry.
-T.AbstractButton {
+PressControl {
     id: item
 
     required property Dashboard dashboard
     required property int section
     required property bool isRail
+    required property string text
     required property string outline
     /// What waits for the user there.
     property int badge: 0
@@ -20,25 +20,24 @@ T.AbstractButton {
     readonly property bool isCurrent: dashboard.section === section
 
     implicitHeight: 42
-    hoverEnabled: true
-    focusPolicy: Qt.StrongFocus
+    name: badge > 0 ? qsTr("%1, to look after: %2").arg(text).arg(badge) : text
     Accessible.role: Accessible.PageTab
-    Accessible.name: badge > 0 ? qsTr("%1, %n need(s) you", "", badge).arg(text) : text
     Accessible.selected: isCurrent
     onClicked: dashboard.section = section
     Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
     Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
 
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: 12
-        color: item.isCurrent ? Theme.navOn : item.hovered ? Theme.hover : "transparent"
+        color: item.isCurrent ? Theme.navOn : Theme.faded(Theme.hover, item.hoverShare)
         border.width: item.isCurrent ? 1 : 0
         border.color: Theme.line
     }
 
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
+
         LineIcon {
             x: item.isRail ? (parent.width - width) / 2 : 12
             anchors.verticalCenter: parent.verticalCenter
@@ -80,12 +79,13 @@ T.AbstractButton {
     }
 
     FocusRing {
-        visible: item.visualFocus
-        radius: 12
+        visible: item.showsFocus
+        targetRadius: 12
     }
 
     ToolTipText {
-        visible: item.isRail && item.hovered
-        text: item.text
+        target: item
+        text: item.name
+        wanted: item.isRail && (item.hovered || item.visualFocus)
     }
 }

@@ -52,7 +52,8 @@ Item {
     }
 
     ToolTipText {
-        visible: pointer.hovered
+        target: foot
+        wanted: pointer.hovered
         text: foot.Accessible.name
     }
 }
