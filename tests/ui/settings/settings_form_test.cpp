@@ -107,9 +107,9 @@ void SettingsFormTest::aFieldTellsItsFaultOnceTypingStops_data()
     QTest::newRow("no ASCII letter") << u"application token"_s << QString(30, u'é') << application;
     QTest::newRow("31 characters") << u"access token"_s << QString(31, u'a') << access;
     QTest::newRow("32 characters") << u"access token"_s << QString(32, u'a') << QString();
-    QTest::newRow("not encrypted") << u"address"_s << u"http://alerts.example.org"_s << address;
-    QTest::newRow("with a user") << u"address"_s << u"https://me@alerts.example.org"_s << address;
-    QTest::newRow("with a path") << u"address"_s << u"https://alerts.example.org/q"_s << QString();
+    QTest::newRow("not encrypted") << u"address"_s << u"http://localhost:1"_s << address;
+    QTest::newRow("with a user") << u"address"_s << u"https://me@localhost:1"_s << address;
+    QTest::newRow("with a path") << u"address"_s << u"https://localhost:1/q"_s << QString();
 }
 
 void SettingsFormTest::aFieldTellsItsFaultOnceTypingStops()
@@ -179,7 +179,7 @@ void SettingsFormTest::aServerIsSaved_data()
 {
     QTest::addColumn<QString>("address");
     QTest::addColumn<QString>("kept");
-    QTest::newRow("an address") << u" https://alerts.example.org "_s << u"https://alerts.example.org"_s;
+    QTest::newRow("an address") << u" https://localhost:1 "_s << u"https://localhost:1"_s;
     QTest::newRow("none") << QString() << QString();
 }
 

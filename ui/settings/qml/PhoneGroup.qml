@@ -46,7 +46,7 @@ SettingsGroup {
             enabled: group.phone.canSave
             onClicked: group.phone.save()
             onVisibleChanged: if (!visible && focus)
-                testButton.forceActiveFocus(focusReason)
+                testButton.forceActiveFocus(Qt.OtherFocusReason)
         }
 
         ActionButton {

@@ -57,8 +57,9 @@ Item {
             kind: ActionButton.Danger
             enabled: actions.server.canTest
             onClicked: {
+                const byKeys = visualFocus;
                 actions.server.askToRemove();
-                keepButton.forceActiveFocus(focusReason);
+                keepButton.forceActiveFocus(byKeys ? Qt.TabFocusReason : Qt.OtherFocusReason);
             }
         }
     }
@@ -66,8 +67,8 @@ Item {
     Column {
         id: question
 
-        function answered(reason: int) : void {
-            removeButton.forceActiveFocus(reason);
+        function answered(byKeys: bool) : void {
+            removeButton.forceActiveFocus(byKeys ? Qt.TabFocusReason : Qt.OtherFocusReason);
         }
 
         width: parent.width
@@ -77,7 +78,7 @@ Item {
         Accessible.name: words.text
         Keys.onEscapePressed: {
             actions.server.keepSchedule();
-            answered(Qt.TabFocusReason);
+            answered(true);
         }
 
         Label {
@@ -100,8 +101,9 @@ Item {
                 width: Math.min(implicitWidth, parent.width)
                 text: qsTr("Keep it")
                 onClicked: {
+                    const byKeys = visualFocus;
                     actions.server.keepSchedule();
-                    question.answered(focusReason);
+                    question.answered(byKeys);
                 }
             }
 
@@ -110,8 +112,9 @@ Item {
                 text: qsTr("Remove shared schedule")
                 kind: ActionButton.Danger
                 onClicked: {
+                    const byKeys = visualFocus;
                     actions.server.removeSchedule();
-                    question.answered(focusReason);
+                    question.answered(byKeys);
                 }
             }
         }
