@@ -35,7 +35,7 @@ void AppModel::takeChoices()
     closeOutdatedAlert();
     describeSources();
     alertStep();
-    requestRefresh();
+    m_changeDelay.start();
 }
 
 QCoro::Task<> AppModel::setScheduled(Meeting meeting, Switch enabled)

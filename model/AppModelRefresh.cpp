@@ -22,11 +22,14 @@ QCoro::Task<> AppModel::refresh()
     if (m_turns.isRunning() || m_mode == Mode::preview)
         co_return;
     const QPointer<AppModel> self(this);
+    m_settings.reload();
     m_turns.begin();
     Q_EMIT isRefreshingChanged();
+    // What has changed until now is what this refresh reads.
     m_refreshAgain = false;
+    m_changeDelay.stop();
     m_refreshMark = now();
-    const QStringList excluded = m_services.preferences.excludedCalendars();
+    const QStringList excluded = excludedCalendars();
     // All at once: no source waits for another.
     QCoro::Task<> manual = loadManualMeetings();
     QCoro::Task<> second = readFantastical(excluded);
@@ -85,7 +88,7 @@ void AppModel::requestRefresh()
         return;
     }
     m_refreshAgain = true;
-    launch(m_services.calendarReader.read(now(), m_services.preferences.excludedCalendars()));
+    launch(m_services.calendarReader.read(now(), excludedCalendars()));
 }
 
 QCoro::Task<> AppModel::readFantastical(QStringList excluded)
@@ -120,7 +123,7 @@ void AppModel::applyStores()
 // said before.
 void AppModel::applyReading()
 {
-    const QStringList excluded = m_services.preferences.excludedCalendars();
+    const QStringList &excluded = excludedCalendars();
     std::vector<Meeting> local = m_services.calendarReader.events(now(), excluded);
     const std::vector<Meeting> second = m_fantastical.meetings(excluded);
     m_freshCalendarEventCount = static_cast<qsizetype>(local.size());

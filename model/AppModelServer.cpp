@@ -57,7 +57,7 @@ void AppModel::workAlone()
 // fails, and not as none.
 QCoro::Task<std::optional<bool>> AppModel::readServerConfigured()
 {
-    if (m_services.preferences.serverURL().isEmpty())
+    if (serverURL().isEmpty())
         co_return std::optional(false);
     const auto token = co_await m_services.secrets.read(Secrets::serverToken);
     if (!token)
@@ -68,7 +68,7 @@ QCoro::Task<std::optional<bool>> AppModel::readServerConfigured()
 QCoro::Task<> AppModel::exchangeWithServer()
 {
     const QPointer<AppModel> self(this);
-    m_server.isAddressStored = !m_services.preferences.serverURL().isEmpty();
+    m_server.isAddressStored = !serverURL().isEmpty();
     if (wasJustTold())
         co_return;
     const std::optional<bool> configured = co_await readServerConfigured();
@@ -141,7 +141,7 @@ void AppModel::silenceAcknowledged(const std::vector<Meeting> &meetings)
 // that lacks a store which has not said anything yet must not replace a whole one.
 QCoro::Task<AppModel::UploadOutcome> AppModel::uploadSchedule()
 {
-    if (!m_services.preferences.uploadMacSnapshot())
+    if (!uploadMacSnapshot())
         co_return UploadOutcome::notWanted;
     if (!m_services.calendarReader.hasAnswered() || !m_manual.isKnown())
         co_return UploadOutcome::postponed;
@@ -235,7 +235,7 @@ void AppModel::keepPendingAcks()
 // Owed from the first moment on, so that an end of the program in between loses nothing.
 QCoro::Task<> AppModel::tellServer(QString id)
 {
-    if (m_services.preferences.serverURL().isEmpty())
+    if (serverURL().isEmpty())
         co_return;
     const QPointer<AppModel> self(this);
     m_pendingAcks.insert(id);

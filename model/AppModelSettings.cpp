@@ -52,7 +52,7 @@ void AppModel::takeSettings(const UserSettings &before)
         if (areCalendarsOthers)
             applyReading();
         listSources();
-        requestRefresh();
+        m_changeDelay.start();
     }
     if (areCalendarsOthers)
         Q_EMIT calendarsChanged();

@@ -45,7 +45,7 @@ void SettingsKeeper::mend()
 // A file that cannot be used says nothing, so what it said before holds until it is written anew.
 void SettingsKeeper::reload()
 {
-    if (m_preferences.file().condition() == SettingsFile::Condition::unusable)
+    if (m_storage == Storage::memory || m_preferences.file().condition() == SettingsFile::Condition::unusable)
         return;
     m_wasRead = true;
     MeetingChoices choices = m_preferences.meetingChoices();

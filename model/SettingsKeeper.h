@@ -39,6 +39,9 @@ public:
     /// Reads the file, which is set aside if it cannot be used, and watches it from now on.
     void start();
 
+    /// Reads the file again, should a change have been missed.
+    void reload();
+
     [[nodiscard]] const UserSettings &values() const { return m_values; }
     [[nodiscard]] const MeetingChoices &choices() const { return m_choices; }
 
@@ -73,7 +76,6 @@ private:
     using Write = std::function<Result<void>(Preferences &)>;
     Result<void> set(const Change &change, const Write &write);
     void mend();
-    void reload();
 
     const Storage m_storage;
     Preferences &m_preferences;
