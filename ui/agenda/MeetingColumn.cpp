@@ -3,12 +3,9 @@
 
 #include "ui/agenda/MeetingColumn.h"
 
-#include <QQmlContext>
 #include <QQuickWindow>
 
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -62,20 +59,21 @@ void MeetingColumn::markRestructured()
 // What the row says is shown at once: whoever has changed it may go on with its item.
 void MeetingColumn::showChange(const QModelIndex &first, const QModelIndex &last)
 {
-    for (const Shown &shown : m_shown) {
-        if (shown.index.row() >= first.row() && shown.index.row() <= last.row())
-            shown.item->setProperty("row", shown.index.data(MeetingRows::rowRole));
-    }
+    m_items.update(first.row(), last.row());
     markRestructured();
 }
 
 void MeetingColumn::updatePolish()
 {
-    if (!m_rows || !isComponentComplete())
+    if (!m_rows || !m_delegate || !isComponentComplete())
         return;
     if (m_isRestructured)
         restructure();
-    assignItems();
+    settleCurrent();
+    m_items.keepOnly([this](int row) { return isSeen(row, RowPlaces::rowHeight) || row == m_current.row(); });
+    showMissing();
+    m_items.place(m_places, width());
+    m_items.markCurrent(m_current);
 }
 
 void MeetingColumn::restructure()
@@ -88,63 +86,77 @@ void MeetingColumn::restructure()
         Q_EMIT shifted(shift);
 }
 
-/// How far the uppermost row that is seen, and is still there, has moved.
+/// How far the uppermost row that is seen, and is still there, has moved. By its lower edge, where the row
+/// itself is: a heading above it may have come or gone.
 qreal MeetingColumn::shiftOfView() const
 {
-    if (m_viewTop <= 0)
-        return 0;
-    const Shown *anchor = nullptr;
-    for (const Shown &shown : m_shown) {
-        const bool isSeen = shown.item->y() + shown.item->height() > m_viewTop;
-        if (shown.index.isValid() && isSeen && (!anchor || shown.item->y() < anchor->item->y()))
-            anchor = &shown;
-    }
-    // By its lower edge, where the row itself is: a heading above it may have come or gone.
-    return anchor ? m_places.bottom(anchor->index.row()) - (anchor->item->y() + anchor->item->height()) : 0;
-}
-
-void MeetingColumn::assignItems()
-{
-    settleCurrent();
-    dropUnwanted();
-    showMissing();
-    place();
-    markCurrent();
+    const RowItems::Shown *anchor = m_viewTop > 0 ? m_items.below(m_viewTop) : nullptr;
+    return anchor ? m_places.bottom(anchor->index.row()) - anchor->bottom() : 0;
 }
 
 // The current row is one that the user can see, unless the user works on it.
 void MeetingColumn::settleCurrent()
 {
-    const Shown *worked = focused();
-    if (m_current.isValid()) {
-        const int row = m_current.row();
-        const bool isSeen = m_places.bottom(row) > m_viewTop && m_places.top(row) < m_viewTop + m_viewHeight;
-        if (worked || isSeen)
-            return;
+    const RowItems::Shown *worked = focused();
+    if (m_current.isValid() && (worked || isSeen(m_current.row(), 0)))
+        return;
+    int row = m_places.rowAt(std::max(0.0, m_viewTop));
+    if (worked) {
+        // The row has gone. The next one takes its place, or the last.
+        const RowItems::Shown *next = m_items.below(worked->bottom());
+        row = next ? next->index.row() : m_places.count() - 1;
     }
-    const int row = worked ? rowAfter(*worked) : m_places.rowAt(std::max(0.0, m_viewTop));
     m_current = row < 0 ? QModelIndex() : m_rows->index(row);
     if (worked)
         giveFocus(row);
 }
 
-/// The row that takes the place of one that has gone: the next one of those that were shown, else the last.
-int MeetingColumn::rowAfter(const Shown &gone) const
+bool MeetingColumn::isSeen(int row, qreal margin) const
 {
-    const Shown *next = nullptr;
-    for (const Shown &shown : m_shown) {
-        const bool isBelow = shown.item->y() > gone.item->y();
-        if (shown.index.isValid() && isBelow && (!next || shown.item->y() < next->item->y()))
-            next = &shown;
-    }
-    return next ? next->index.row() : m_places.count() - 1;
+    return m_places.bottom(row) > m_viewTop - margin && m_places.top(row) < m_viewTop + m_viewHeight + margin;
+}
+
+// A row more on each side than is seen, so that scrolling never shows a gap.
+void MeetingColumn::showMissing()
+{
+    if (m_places.count() == 0)
+        return;
+    const int first = m_places.rowAt(m_viewTop - RowPlaces::rowHeight);
+    const int last = m_places.rowAt(m_viewTop + m_viewHeight + RowPlaces::rowHeight);
+    for (int row = first; row <= last; ++row)
+        m_items.show(*m_rows, row, *m_delegate);
+    if (m_current.isValid())
+        m_items.show(*m_rows, m_current.row(), *m_delegate);
+}
+
+const RowItems::Shown *MeetingColumn::focused() const
+{
+    return window() ? m_items.around(window()->activeFocusItem()) : nullptr;
+}
+
+void MeetingColumn::followFocus()
+{
+    const RowItems::Shown *shown = focused();
+    if (!shown || !shown->index.isValid() || shown->index == m_current)
+        return;
+    m_current = shown->index;
+    m_items.markCurrent(m_current);
+}
+
+void MeetingColumn::focusRow(int row)
+{
+    m_current = m_rows->index(row);
+    giveFocus(row);
+    // Only now: what has the focus cannot be taken out of Tab's way.
+    m_items.markCurrent(m_current);
+    polish();
 }
 
 void MeetingColumn::giveFocus(int row)
 {
     showMissing();
-    place();
-    if (const Shown *shown = shownAt(row))
+    m_items.place(m_places, width());
+    if (const RowItems::Shown *shown = m_items.at(row))
         shown->item->forceActiveFocus(Qt::TabFocusReason);
     else
         letGoOfFocus();
@@ -155,130 +167,6 @@ void MeetingColumn::letGoOfFocus()
 {
     if (focused())
         window()->activeFocusItem()->setFocus(false);
-}
-
-bool MeetingColumn::isWanted(int row) const
-{
-    if (row < 0)
-        return false;
-    // A row more on each side, so that scrolling never shows a gap.
-    const bool isNear = m_places.bottom(row) > m_viewTop - RowPlaces::rowHeight &&
-                        m_places.top(row) < m_viewTop + m_viewHeight + RowPlaces::rowHeight;
-    return isNear || row == m_current.row();
-}
-
-void MeetingColumn::dropUnwanted()
-{
-    const auto unwanted =
-        std::ranges::partition(m_shown, [this](const Shown &shown) { return isWanted(shown.index.row()); });
-    std::ranges::for_each(unwanted, [this](const Shown &shown) { giveUp(shown); });
-    m_shown.erase(unwanted.begin(), unwanted.end());
-}
-
-void MeetingColumn::giveUp(const Shown &shown)
-{
-    shown.item->setVisible(false);
-    m_spare.push_back(shown.item);
-}
-
-void MeetingColumn::showMissing()
-{
-    if (m_places.count() == 0)
-        return;
-    const int first = m_places.rowAt(m_viewTop - RowPlaces::rowHeight);
-    const int last = m_places.rowAt(m_viewTop + m_viewHeight + RowPlaces::rowHeight);
-    for (int row = first; row <= last; ++row) {
-        if (!shownAt(row))
-            m_shown.push_back({.index = m_rows->index(row), .item = takeItem(row)});
-    }
-    if (m_current.isValid() && !shownAt(m_current.row()))
-        m_shown.push_back({.index = m_current, .item = takeItem(m_current.row())});
-    std::erase_if(m_shown, [](const Shown &shown) { return !shown.item; });
-}
-
-QQuickItem *MeetingColumn::takeItem(int row)
-{
-    if (m_spare.empty())
-        return createItem(row);
-    QQuickItem *item = m_spare.back();
-    m_spare.pop_back();
-    item->setProperty("row", QVariant::fromValue(m_rows->at(row)));
-    item->setVisible(true);
-    return item;
-}
-
-QQuickItem *MeetingColumn::createItem(int row)
-{
-    const QVariantMap properties{{u"row"_s, QVariant::fromValue(m_rows->at(row))},
-                                 {u"meetings"_s, QVariant::fromValue(m_rows)},
-                                 {u"isCurrent"_s, false}};
-    QObject *object = m_delegate->createWithInitialProperties(properties, m_delegate->creationContext());
-    auto *item = qobject_cast<QQuickItem *>(object);
-    if (!item)
-        return nullptr;
-    item->setParent(this);
-    item->setParentItem(this);
-    return item;
-}
-
-// The items' order follows the rows', which is the order in which they are read out.
-void MeetingColumn::place()
-{
-    std::ranges::sort(m_shown, {}, [](const Shown &shown) { return shown.index.row(); });
-    const QQuickItem *above = nullptr;
-    for (const Shown &shown : m_shown) {
-        const int row = shown.index.row();
-        if (row < 0)
-            continue;
-        const qreal top = m_places.top(row);
-        shown.item->setPosition({0, top});
-        shown.item->setSize({width(), m_places.bottom(row) - top});
-        if (above)
-            shown.item->stackAfter(above);
-        above = shown.item;
-    }
-}
-
-// Only once the focus is where it shall be: it cannot be kept from what has it.
-void MeetingColumn::markCurrent()
-{
-    for (const Shown &shown : m_shown)
-        shown.item->setProperty("isCurrent", shown.index == m_current);
-}
-
-const MeetingColumn::Shown *MeetingColumn::shownAt(int row) const
-{
-    const auto found =
-        std::ranges::find_if(m_shown, [row](const Shown &shown) { return shown.index.row() == row; });
-    return found == m_shown.end() ? nullptr : &*found;
-}
-
-const MeetingColumn::Shown *MeetingColumn::focused() const
-{
-    const QQuickItem *active = window() ? window()->activeFocusItem() : nullptr;
-    if (!active || !isAncestorOf(active))
-        return nullptr;
-    const auto found = std::ranges::find_if(m_shown, [active](const Shown &shown) {
-        return shown.item == active || shown.item->isAncestorOf(active);
-    });
-    return found == m_shown.end() ? nullptr : &*found;
-}
-
-void MeetingColumn::followFocus()
-{
-    const Shown *shown = focused();
-    if (!shown || !shown->index.isValid() || shown->index == m_current)
-        return;
-    m_current = shown->index;
-    markCurrent();
-}
-
-void MeetingColumn::focusRow(int row)
-{
-    m_current = m_rows->index(row);
-    giveFocus(row);
-    markCurrent();
-    polish();
 }
 
 std::optional<int> MeetingColumn::rowForKey(int key, int current) const

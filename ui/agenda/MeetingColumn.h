@@ -3,15 +3,13 @@
 
 #pragma once
 
-#include "ui/agenda/MeetingRows.h"
-#include "ui/agenda/RowPlaces.h"
+#include "ui/agenda/RowItems.h"
 
 #include <QPersistentModelIndex>
-#include <QPointer>
 #include <QQmlComponent>
 #include <QQuickItem>
 
-#include <vector>
+#include <optional>
 
 namespace quorvane {
 
@@ -54,42 +52,24 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    /// A row with an item. The delegate's properties are `row` (`meetingRow`), `isCurrent` and
-    /// `meetings` (`MeetingRows`).
-    struct Shown
-    {
-        QPersistentModelIndex index;
-        QQuickItem *item = nullptr;
-    };
-
     void markRestructured();
     void showChange(const QModelIndex &first, const QModelIndex &last);
     void restructure();
     [[nodiscard]] qreal shiftOfView() const;
-    void assignItems();
     void settleCurrent();
-    [[nodiscard]] int rowAfter(const Shown &gone) const;
-    void giveFocus(int row);
-    void letGoOfFocus();
-    [[nodiscard]] bool isWanted(int row) const;
-    void dropUnwanted();
+    [[nodiscard]] bool isSeen(int row, qreal margin) const;
     void showMissing();
-    void place();
-    void markCurrent();
-    void giveUp(const Shown &shown);
-    [[nodiscard]] QQuickItem *takeItem(int row);
-    [[nodiscard]] QQuickItem *createItem(int row);
-    [[nodiscard]] const Shown *shownAt(int row) const;
-    [[nodiscard]] const Shown *focused() const;
+    [[nodiscard]] const RowItems::Shown *focused() const;
     void followFocus();
     void focusRow(int row);
+    void giveFocus(int row);
+    void letGoOfFocus();
     [[nodiscard]] std::optional<int> rowForKey(int key, int current) const;
 
     MeetingRows *m_rows = nullptr;
     QQmlComponent *m_delegate = nullptr;
     RowPlaces m_places;
-    std::vector<Shown> m_shown;
-    std::vector<QQuickItem *> m_spare;
+    RowItems m_items{*this};
     QPersistentModelIndex m_current;
     qreal m_viewTop = 0;
     qreal m_viewHeight = 0;
