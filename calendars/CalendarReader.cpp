@@ -224,6 +224,7 @@ std::vector<StoreProblem> CalendarReader::problems() const
 std::vector<StoreState> CalendarReader::stores() const
 {
     std::vector<StoreState> states;
+    states.reserve(m_sources.size());
     for (const auto &source : m_sources)
         states.push_back({.name = source->store->name(),
                           .problem = source->problem,

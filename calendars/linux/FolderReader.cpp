@@ -123,6 +123,7 @@ Result<std::vector<CalendarOption>> FolderReader::calendars()
     if (const Result<void> scanned = scan(); !scanned)
         return Failure(scanned.error());
     std::vector<CalendarOption> options;
+    options.reserve(m_calendars.size());
     for (const FolderCalendar &calendar : m_calendars)
         options.push_back({calendar.id, calendar.name, calendar.account, calendar.color});
     return options;

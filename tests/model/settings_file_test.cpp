@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
 #include <csignal>
 #include <memory>
 
@@ -133,9 +134,9 @@ void SettingsFileTest::aKilledWriterLeavesTheOldOrTheNewFile()
 void SettingsFileTest::copiesThatWriteAtOnceLoseNothing()
 {
     constexpr int rounds = 40;
-    std::vector<pid_t> copies;
-    for (int copy = 0; copy < 3; ++copy) {
-        copies.push_back(fork([&] {
+    std::array<pid_t, 3> copies{};
+    for (std::size_t copy = 0; copy < copies.size(); ++copy) {
+        copies[copy] = fork([&] {
             SettingsFile own(file->path());
             for (int i = 0; i < rounds; ++i) {
                 (void)own.edit([&] {
@@ -145,11 +146,11 @@ void SettingsFileTest::copiesThatWriteAtOnceLoseNothing()
                 });
                 ::usleep(3000);
             }
-        }));
+        });
     }
     for (const pid_t copy : copies)
         ::waitpid(copy, nullptr, 0);
-    QCOMPARE(file->value(u"list"_s).toStringList().size(), 3 * rounds);
+    QCOMPARE(file->value(u"list"_s).toStringList().size(), int(copies.size()) * rounds);
 }
 
 QTEST_GUILESS_MAIN(SettingsFileTest)

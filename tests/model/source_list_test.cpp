@@ -24,6 +24,8 @@ private Q_SLOTS:
     void aFolderBelongsToTheAccountThatLiesInIt();
 
 private:
+    using States = std::vector<std::pair<QString, State>>;
+
     static StoreState store(const std::vector<CalendarOption> &calendars)
     {
         return {
@@ -34,14 +36,14 @@ private:
         const std::vector<SourceHealth> list = SourceList::of(situation);
         return list.size() == 1 ? list.front() : SourceHealth();
     }
-    static std::vector<std::pair<QString, State>> states(const std::vector<SourceHealth> &list)
+    static States states(const std::vector<SourceHealth> &list)
     {
-        std::vector<std::pair<QString, State>> found;
+        States found;
+        found.reserve(list.size());
         for (const SourceHealth &entry : list)
             found.emplace_back(entry.account, entry.state);
         return found;
     }
-    using States = std::vector<std::pair<QString, State>>;
 
     FantasticalSource fantastical;
 };
