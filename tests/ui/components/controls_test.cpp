@@ -18,11 +18,12 @@ struct Shown : ViewPicture
 {
     bool showControl(const QByteArray &control, QSize size = {400, 300})
     {
-        return showText("import QtQuick\nimport Quorvane.Components\n"
-                        "Item { id: root; property int answers: 0; property string last\n"
-                        "function say(word) { ++answers; last = word }\n" +
-                            control + "}",
-                        size);
+        return showText(
+            "import QtQuick\nimport Quorvane.Components\n"
+            "Item { id: root; property int answers: 0; property string last; property string draft\n"
+            "function say(word) { ++answers; last = word }\n" +
+                control + "}",
+            size);
     }
     [[nodiscard]] QQuickItem *it() const { return item("it"); }
     [[nodiscard]] int answers() const { return view.rootObject()->property("answers").toInt(); }
@@ -47,9 +48,9 @@ const QByteArray iconButton =
     "IconButton { objectName: 'it'; icon: Icons.trash; name: 'Delete Stand-up'; onClicked: root.say('') ";
 const QByteArray toggle = "ToggleSwitch { objectName: 'it'; name: 'Alert for Stand-up, 10:00'; "
                           "checked: true; onToggled: on => root.say(on) ";
-const QByteArray secret =
-    "SecretBox { objectName: 'it'; width: 300; label: 'Token'; saved: 'u7Qe'; focus: true; "
-    "onEdited: text => root.say(text); onCleared: root.say('cleared') }";
+const QByteArray secret = "SecretBox { objectName: 'it'; width: 300; label: 'Token'; saved: 'u7Qe'; value: "
+                          "root.draft; focus: true; "
+                          "onEdited: text => root.say(text); onCleared: root.say('cleared') }";
 
 } // namespace
 
@@ -115,6 +116,9 @@ void ControlsTest::whatIsPressedAnswersOnce()
     actions->doAction(role == QAccessible::CheckBox ? QAccessibleActionInterface::toggleAction()
                                                     : QAccessibleActionInterface::pressAction());
     QCOMPARE(shown.answers(), ++expected);
+    QTest::mouseDClick(&shown.view, Qt::LeftButton, {}, Shown::middle(shown.it()));
+    expected += 2;
+    QCOMPARE(shown.answers(), expected);
     // Thought better of: let go elsewhere, by pointer and by keyboard.
     QTest::mousePress(&shown.view, Qt::LeftButton, {}, Shown::middle(shown.it()));
     QTest::mouseRelease(&shown.view, Qt::LeftButton, {}, {390, 290});
@@ -238,6 +242,10 @@ void ControlsTest::aSecretThatWasSavedIsBehindDotsAgain()
     QCOMPARE(shown.it()->property("value").toString(), QString());
     QVERIFY(
         shown.item("input")->parentItem()->property("placeholderText").toString().endsWith(u"\u20229f2c"_s));
+    // What its owner keeps is still followed.
+    shown.view.rootObject()->setProperty("draft", u"typed before"_s);
+    QCOMPARE(shown.it()->property("value").toString(), u"typed before"_s);
+    shown.view.rootObject()->setProperty("draft", QString());
     shown.it()->setProperty("saved", QString());
     QVERIFY(!shown.item("clear")->isVisible());
 }

@@ -33,6 +33,11 @@ FocusScope {
         input.selectAll();
     }
 
+    // Without writing `text`, which would end a binding to it.
+    function clear() : void {
+        input.clear();
+    }
+
     implicitWidth: 200
     implicitHeight: 42
 

@@ -33,7 +33,7 @@ FocusScope {
     /// Forgets what was typed and shows what is stored.
     function reset() : void {
         erased = false;
-        input.text = "";
+        input.clear();
     }
 
     onSavedChanged: reset()
