@@ -6,7 +6,8 @@
 namespace quorvane {
 
 /// Keeps what the program has in memory (credentials, titles, links) out of core dumps and out of Qt's own
-/// messages, whatever logging the environment asks for. Call it first of all.
+/// messages, whatever logging the environment asks for. Call it
+/// before anything is read.
 void keepMemoryPrivate();
 
 } // namespace quorvane

@@ -16,8 +16,12 @@
 #include "ui/dashboard/DashboardView.h"
 
 #include <QDir>
+#include <QEventLoop>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QTimer>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +31,9 @@ namespace {
 
 // Half of the glow's breath, in seconds: its middle size.
 constexpr double halfBreath = 1.2;
+constexpr std::chrono::seconds longestFrame{5};
+/// Qt's scale of quality, which for PNG is the compression turned around.
+constexpr int smallestFile = 0;
 
 class StoppedClock final : public Clock
 {
@@ -81,6 +88,15 @@ Result<QImage> picture(AppModel &model, const PreviewScenes::WindowScene &scene)
                                  scene.size);
 }
 
+/// Until the alert's own frames have met the clock.
+void awaitGlow(Takeover &takeover)
+{
+    QEventLoop loop;
+    QObject::connect(&takeover, &Takeover::glowMoved, &loop, &QEventLoop::quit);
+    QTimer::singleShot(longestFrame, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 Result<QImage> picture(const PreviewScenes::AlertScene &scene)
 {
     Meeting meeting{.title = scene.title, .start = PreviewScenes::moment()};
@@ -97,6 +113,7 @@ Result<QImage> picture(const PreviewScenes::AlertScene &scene)
     QQmlEngine engine;
     takeover.start();
     clock = shown;
+    awaitGlow(takeover);
     QVariantMap properties = property(u"takeover"_s, takeover);
     properties.insert(u"keysUsed"_s, scene.focus == PreviewScenes::AlertScene::Focus::shown);
     return PreviewStage::picture(engine, TakeoverView::source(), properties, scene.size);
@@ -106,7 +123,7 @@ Result<void> write(const QDir &folder, const QString &name, const Result<QImage>
 {
     if (!image)
         return Failure(image.error());
-    if (!image->save(folder.filePath(name + u".png"_s)))
+    if (!image->save(folder.filePath(name + u".png"_s), "PNG", smallestFile))
         return Failure(make_error_code(PreviewError::writeFailed));
     return {};
 }
@@ -117,7 +134,8 @@ void prepare()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("TZ", "UTC");
-    qputenv("LC_ALL", "C.UTF-8");
+    for (const char *variable : {"LC_ALL", "LANG", "LANGUAGE"})
+        qputenv(variable, "C.UTF-8");
     for (const char *variable :
          {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_QUICK_BACKEND"})
         qunsetenv(variable);

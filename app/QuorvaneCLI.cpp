@@ -17,6 +17,8 @@ namespace quorvane {
 
 namespace {
 
+const QString previewFlag = u"--render-preview"_s;
+
 /// What follows the flag; absent when the flag is not there or is the last one.
 std::optional<QString> valueOf(const QStringList &arguments, const QString &flag)
 {
@@ -28,7 +30,6 @@ std::optional<QString> valueOf(const QStringList &arguments, const QString &flag
 
 int renderPreview(const QString &folder)
 {
-    PreviewExporter::prepare();
     int count = 1;
     char name[] = "quorvane";
     char *arguments[] = {name, nullptr};
@@ -54,9 +55,15 @@ int refuseUnknown()
 
 } // namespace
 
+void QuorvaneCLI::prepare(const QStringList &arguments)
+{
+    if (valueOf(arguments, previewFlag))
+        PreviewExporter::prepare();
+}
+
 std::optional<int> QuorvaneCLI::run(const QStringList &arguments)
 {
-    if (const auto folder = valueOf(arguments, u"--render-preview"_s))
+    if (const auto folder = valueOf(arguments, previewFlag))
         return renderPreview(*folder);
 
     const QStringList applicationOptions{u"--preview"_s, u"--preview-overlay"_s};

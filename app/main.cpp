@@ -59,8 +59,9 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
-    quorvane::keepMemoryPrivate();
     const QStringList arguments = argumentsAfterName(argc, argv);
+    quorvane::QuorvaneCLI::prepare(arguments);
+    quorvane::keepMemoryPrivate();
     if (const auto status = quorvane::QuorvaneCLI::run(arguments))
         return *status;
     return runApplication(argc, argv, arguments);
