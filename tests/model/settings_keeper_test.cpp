@@ -26,7 +26,6 @@ private Q_SLOTS:
     void aChoiceThatCouldNotBeWrittenIsWrittenLater();
     void aFileDamagedMeanwhileIsMadeAnewOfWhatIsKnown();
     void choicesOfMeetingsLongGoneAreDropped();
-    void inMemoryNothingIsWritten();
 
 private:
     void write(const QByteArray &bytes) const
@@ -157,18 +156,6 @@ void SettingsKeeperTest::choicesOfMeetingsLongGoneAreDropped()
     keeper->pruneChoices({u"7"_s, u"new"_s});
     QCOMPARE(keeper->choices(), MeetingChoices({{u"7"_s, false}, {u"new"_s, true}}));
     QCOMPARE(file->meetingChoices(), keeper->choices());
-}
-
-void SettingsKeeperTest::inMemoryNothingIsWritten()
-{
-    SettingsKeeper own(SettingsKeeper::Storage::memory, *file);
-    own.choose(u"1"_s, Switch::on);
-    QVERIFY(own.keepChoices());
-    QVERIFY(own.setServerURL(u"https://a.example"_s));
-    QVERIFY(own.setCalendarEnabled(u"a"_s, Switch::off));
-    QCOMPARE(own.values().excludedCalendars, QStringList(u"a"_s));
-    QCOMPARE(own.choices().size(), 1);
-    QVERIFY(!QFile::exists(path));
 }
 
 QTEST_GUILESS_MAIN(SettingsKeeperTest)

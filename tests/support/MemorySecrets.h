@@ -10,6 +10,8 @@
 #include <QPromise>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace quorvane {
 
 /// A keyring in memory that answers at once, or when the test finishes `hold`.
@@ -33,7 +35,7 @@ public:
         if (held.isRunning())
             co_await held;
         written.append(account);
-        if (refused.contains(account))
+        if (std::ranges::any_of(refused, [&](const QString &start) { return account.startsWith(start); }))
             co_return Failure(std::make_error_code(std::errc::permission_denied));
         values[account] = value;
         co_return Result<void>();
@@ -47,7 +49,7 @@ public:
     int reads = 0;
     /// Started to let the writes wait.
     QPromise<void> writeHold;
-    /// Accounts that cannot be written, and all that were tried.
+    /// How the accounts begin that cannot be written, and all that were tried.
     QStringList refused;
     QStringList written;
 };
