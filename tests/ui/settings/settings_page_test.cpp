@@ -31,6 +31,26 @@ public:
     [[nodiscard]] bool isEmpty() const override { return false; }
 };
 
+/// An updater that does as it is told.
+class ObedientUpdates final : public UpdateSettings
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] QString version() const override { return u"Version 1.4.0 (812)"_s; }
+    [[nodiscard]] bool updatesItself() const override { return true; }
+    [[nodiscard]] bool automaticallyChecks() const override { return checks == Switch::on; }
+    void setAutomaticallyChecks(Switch wanted) override { checks = wanted; }
+    [[nodiscard]] bool automaticallyDownloads() const override { return false; }
+    void setAutomaticallyDownloads(Switch) override {}
+    [[nodiscard]] bool canDownloadAutomatically() const override { return checks == Switch::on; }
+    [[nodiscard]] bool canCheckForUpdates() const override { return true; }
+    void checkNow() override { ++asked; }
+
+    Switch checks = Switch::on;
+    int asked = 0;
+};
+
 } // namespace
 
 /// The page in a window. With QUORVANE_PICTURES it leaves pictures of what it saw in that folder.
@@ -48,6 +68,7 @@ private Q_SLOTS:
     void aCredentialIsTypedAndSaved();
     void theQuestionBeforeRemovingIsAnsweredByKeys();
     void whatGetsTheKeyboardIsInSight();
+    void anUpdaterIsTold();
 
 private:
     void open(QSize size, Switch dark = Switch::on);
@@ -59,6 +80,7 @@ private:
     /// The name by which a screen reader calls the control that has the keyboard.
     [[nodiscard]] QString current() const;
 
+    ObedientUpdates updates;
     std::unique_ptr<ModelFixture> f;
     std::unique_ptr<SettingsForm> form;
     std::unique_ptr<ViewPicture> picture;
@@ -225,6 +247,21 @@ void SettingsPageTest::whatGetsTheKeyboardIsInSight()
         const QRectF area = ViewPicture::area(picture->view.activeFocusItem());
         QVERIFY2(area.top() >= 0 && area.bottom() <= 620, name.toUtf8());
     }
+}
+
+void SettingsPageTest::anUpdaterIsTold()
+{
+    form = std::make_unique<SettingsForm>(*f->model, &updates);
+    open({884, 780});
+    tabTo(u"Check for Updates"_s);
+    press(Qt::Key_Return);
+    QCOMPARE(updates.asked, 1);
+    tabTo(u"Check for updates automatically"_s);
+    press(Qt::Key_Space);
+    QCOMPARE(updates.checks, Switch::off);
+    Q_EMIT updates.changed();
+    press(Qt::Key_Tab);
+    QCOMPARE(current(), u"Check for Updates"_s);
 }
 
 QTEST_MAIN(SettingsPageTest)
