@@ -221,6 +221,7 @@ private:
     void keepChoices();
     void prepareAgain(const QString &id);
     QCoro::Task<> loadManualMeetings();
+    QCoro::Task<> retryManualMeetings();
     QCoro::Task<> keepManualMeetings();
     void tellUnlessSynced(const QString &text);
     void settleUnsynced();

@@ -135,15 +135,24 @@ void AppModel::keepChoices()
     m_settings.pruneChoices(known);
 }
 
-// Until the keyring has been read once; what was added meanwhile is written then.
+// Until the keyring has been read once.
 QCoro::Task<> AppModel::loadManualMeetings()
 {
-    if (m_manual.isKnown())
-        co_return;
     const QPointer<AppModel> self(this);
-    const Result<void> loaded = co_await m_manual.load();
-    if (self && loaded && !m_manual.isSaved())
-        launch(keepManualMeetings());
+    if (!m_manual.isKnown())
+        (void)co_await m_manual.load();
+    if (self && !m_manual.isSaved() && !m_manual.isBusy())
+        launch(retryManualMeetings());
+}
+
+// What could not be written is written as soon as the keyring can be read; that it still cannot is not told
+// again.
+QCoro::Task<> AppModel::retryManualMeetings()
+{
+    const QPointer<AppModel> self(this);
+    const Result<void> kept = co_await m_manual.sync(now());
+    if (self && kept && m_notice == keyringFailed)
+        setNotice(std::nullopt);
 }
 
 QCoro::Task<> AppModel::keepManualMeetings()

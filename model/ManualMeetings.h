@@ -40,6 +40,8 @@ public:
     [[nodiscard]] bool isKnown() const { return m_isKnown; }
     /// Whether there is nothing that the keyring does not hold yet.
     [[nodiscard]] bool isSaved() const { return m_added.empty() && m_removed.isEmpty() && m_isWhole; }
+    /// Whether a `sync` is under way.
+    [[nodiscard]] bool isBusy() const { return m_turn != nullptr; }
     [[nodiscard]] bool holds(const QString &id) const;
     /// Whether the meeting was removed here since the start.
     [[nodiscard]] bool wasRemoved(const QString &id) const { return m_everRemoved.contains(id); }

@@ -217,6 +217,12 @@ void ModelChoicesTest::aKeyringLockedAtLoginKeepsItsMeetings()
         std::vector<Meeting>({kept, event(u"Coffee"_s)}));
     QCOMPARE(f->model->scheduledMeetings().size(), 2u);
     QVERIFY(!f->model->notice());
+    f->keyring.failure = std::make_error_code(std::errc::permission_denied); // and locked again later
+    QCoro::waitFor(f->model->addMeeting(u"Tea"_s, noon + 600, 30, QString()));
+    f->keyring.failure = {};
+    f->refresh();
+    QTRY_VERIFY(f->keyring.values[Secrets::manualMeetings].contains("Tea"));
+    QVERIFY(!f->model->notice());
 }
 
 void ModelChoicesTest::aDeletedMeetingIsGoneWhileItsAlertIsUp()
