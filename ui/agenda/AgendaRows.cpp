@@ -7,6 +7,7 @@
 #include "ui/format/MeetingFormat.h"
 
 #include <QDateTime>
+#include <QHash>
 
 #include <algorithm>
 
@@ -16,22 +17,47 @@ namespace quorvane::AgendaRows {
 
 namespace {
 
-MeetingRow row(const Meeting &meeting, const AgendaContent &content, double now)
+using KnownRows = QHash<QString, const MeetingRow *>;
+
+/// Meetings farther off are no meetings: what comes from elsewhere may hold any number. Ten years, in
+/// seconds.
+constexpr double farOff = 315'360'000;
+
+void setTexts(MeetingRow &row, const Meeting &meeting)
 {
+    row.meeting = meeting;
+    row.times = MeetingFormat::timeRange(meeting);
+    row.start = MeetingFormat::clockTime(meeting.start);
+    row.duration = MeetingFormat::duration(meeting);
+    row.canJoin = Meeting::safeJoinURL(meeting.joinURL).has_value();
+    row.canDelete = meeting.source == Meeting::manualSource;
+}
+
+void takeTexts(MeetingRow &row, const MeetingRow &known)
+{
+    row.meeting = known.meeting;
+    row.times = known.times;
+    row.start = known.start;
+    row.duration = known.duration;
+    row.canJoin = known.canJoin;
+    row.canDelete = known.canDelete;
+}
+
+MeetingRow rowOf(const Meeting &meeting, const AgendaContent &content, const KnownRows &known, double now)
+{
+    MeetingRow row;
+    const MeetingRow *before = known.value(meeting.id);
+    if (before && before->meeting == meeting)
+        takeTexts(row, *before);
+    else
+        setTexts(row, meeting);
     const CalendarDot dot = content.dots.of(meeting.calendar);
-    MeetingRow result;
-    result.meeting = meeting;
-    result.times = MeetingFormat::timeRange(meeting);
-    result.start = MeetingFormat::clockTime(meeting.start);
-    result.duration = MeetingFormat::duration(meeting);
-    result.dotColor = dot.color;
-    result.dotTurn = dot.turn;
-    result.isNow = meeting.start <= now;
-    result.alerts = content.alerting.contains(meeting.id);
-    result.canJoin = Meeting::safeJoinURL(meeting.joinURL).has_value();
-    result.canDelete = meeting.source == Meeting::manualSource;
-    result.asksDelete = result.canDelete && meeting.id == content.askedToDelete;
-    return result;
+    row.dotColor = dot.color;
+    row.dotTurn = dot.turn;
+    row.isNow = meeting.start <= now;
+    row.alerts = content.alerting.contains(meeting.id);
+    row.asksDelete = row.canDelete && meeting.id == content.askedToDelete;
+    return row;
 }
 
 QString spoken(const MeetingRow &row)
@@ -42,17 +68,26 @@ QString spoken(const MeetingRow &row)
 
 } // namespace
 
-std::vector<MeetingRow> of(const AgendaContent &content, double now)
+bool isListed(const Meeting &meeting, double now)
 {
+    return meeting.end > now && meeting.start < meeting.end && meeting.start > now - farOff &&
+           meeting.end < now + farOff;
+}
+
+std::vector<MeetingRow> of(const AgendaContent &content, double now, const std::vector<MeetingRow> &known)
+{
+    KnownRows knownRows;
+    for (const MeetingRow &row : known)
+        knownRows.insert(row.id(), &row);
     const QDate today = AgendaText::day(now);
     std::vector<MeetingRow> rows;
     QSet<QString> seen;
     QDate openDay;
     for (const Meeting &meeting : content.events) {
-        if (meeting.end <= now || seen.contains(meeting.id))
+        if (!isListed(meeting, now) || seen.contains(meeting.id))
             continue;
         seen.insert(meeting.id);
-        MeetingRow next = row(meeting, content, now);
+        MeetingRow next = rowOf(meeting, content, knownRows, now);
         const QDate day = AgendaText::day(meeting.start);
         next.isFirstOfDay = day != openDay;
         if (next.isFirstOfDay) {

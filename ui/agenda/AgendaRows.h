@@ -29,8 +29,13 @@ struct AgendaContent
 /// How meetings become the agenda's rows. Pure.
 namespace quorvane::AgendaRows {
 
-/// A row for each meeting that has not ended at Unix time `now`, by day. Of an identifier the first counts.
-[[nodiscard]] std::vector<MeetingRow> of(const AgendaContent &content, double now);
+/// Whether the meeting has not ended at Unix time `now`, and its times are ones that a clock can tell.
+[[nodiscard]] bool isListed(const Meeting &meeting, double now);
+
+/// A row for each meeting that is listed, by day. Of an identifier the first counts. Texts are taken over
+/// from the rows in `known` that show the same meeting.
+[[nodiscard]] std::vector<MeetingRow> of(const AgendaContent &content, double now,
+                                         const std::vector<MeetingRow> &known = {});
 
 /// The Unix time at which `rows`, made at `now`, become out of date by themselves.
 [[nodiscard]] double validUntil(const std::vector<MeetingRow> &rows, double now);

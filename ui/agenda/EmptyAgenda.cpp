@@ -4,6 +4,7 @@
 #include "ui/agenda/EmptyAgenda.h"
 
 #include "model/AppModel.h"
+#include "ui/agenda/AgendaRows.h"
 #include "ui/format/MeetingFormat.h"
 
 #include <algorithm>
@@ -130,8 +131,9 @@ qsizetype EmptyAgenda::calendarCount() const
 qsizetype EmptyAgenda::meetingCount() const
 {
     const double now = m_model.now();
-    return std::ranges::count_if(m_model.calendarEvents(),
-                                 [now](const Meeting &meeting) { return meeting.end > now; });
+    return std::ranges::count_if(m_model.calendarEvents(), [now](const Meeting &meeting) {
+        return AgendaRows::isListed(meeting, now);
+    });
 }
 
 EmptyFace EmptyAgenda::currentFace() const

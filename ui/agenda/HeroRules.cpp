@@ -3,6 +3,7 @@
 
 #include "ui/agenda/HeroRules.h"
 
+#include "ui/agenda/AgendaRows.h"
 #include "ui/agenda/AgendaText.h"
 #include "ui/format/MeetingFormat.h"
 
@@ -23,7 +24,7 @@ constexpr double stepsPerDegree = 2;
 
 bool isOfInterest(const Meeting &meeting, double now)
 {
-    return meeting.eligible(now) && meeting.end > now;
+    return meeting.eligible(now) && AgendaRows::isListed(meeting, now);
 }
 
 const Meeting *nextOf(const std::vector<Meeting> &meetings, double now)

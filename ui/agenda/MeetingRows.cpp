@@ -72,7 +72,7 @@ void MeetingRows::read()
     for (const Meeting &meeting : m_model.scheduledMeetings())
         m_content.alerting.insert(meeting.id);
     m_content.dots = CalendarDots(m_model.calendars(), m_model.fantasticalCalendars());
-    show(AgendaRows::of(m_content, m_model.now()));
+    show();
 }
 
 // The clock may have been set back, and the machine carried into another zone.
@@ -80,15 +80,23 @@ void MeetingRows::follow()
 {
     const double now = m_model.now();
     if (now < m_validFrom || now >= m_validUntil || zoneAt(now) != m_zone)
-        show(AgendaRows::of(m_content, now));
+        show();
 }
 
-void MeetingRows::show(std::vector<MeetingRow> rows)
+void MeetingRows::show()
 {
     const double now = m_model.now();
+    const int zone = zoneAt(now);
+    const std::vector<MeetingRow> none;
+    std::vector<MeetingRow> rows = AgendaRows::of(m_content, now, zone == m_zone ? m_rows : none);
     m_validFrom = now;
     m_validUntil = AgendaRows::validUntil(rows, now);
-    m_zone = zoneAt(now);
+    m_zone = zone;
+    take(std::move(rows));
+}
+
+void MeetingRows::take(std::vector<MeetingRow> rows)
+{
     const auto countBefore = m_rows.size();
     for (const RowStep &step : RowUpdate::plan(keys(m_rows), keys(rows)))
         apply(step, rows);
@@ -152,7 +160,7 @@ void MeetingRows::toggleAlert(const QString &id)
 void MeetingRows::askToDelete(const QString &id)
 {
     m_content.askedToDelete = id;
-    show(AgendaRows::of(m_content, m_model.now()));
+    show();
 }
 
 void MeetingRows::keep()

@@ -55,7 +55,8 @@ Q_SIGNALS:
 private:
     void read();
     void follow();
-    void show(std::vector<MeetingRow> rows);
+    void show();
+    void take(std::vector<MeetingRow> rows);
     void apply(const RowStep &step, const std::vector<MeetingRow> &rows);
     [[nodiscard]] std::optional<Meeting> meeting(const QString &id) const;
 

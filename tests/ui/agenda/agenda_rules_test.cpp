@@ -62,7 +62,8 @@ void AgendaRulesTest::rowsStandByDay()
         .events = {meeting(u"yesterday's"_s, at(13, 23, 0), 700), meeting(u"over"_s, at(14, 9, 0)),
                    meeting(u"stand-up"_s, at(14, 9, 30)), meeting(u"review"_s, at(14, 10, 0)),
                    meeting(u"review"_s, at(14, 10, 0)), meeting(u"priya"_s, at(15, 9, 0)),
-                   meeting(u"roadmap"_s, at(16, 16, 0)), meeting(u"late"_s, at(16, 23, 59))}};
+                   meeting(u"roadmap"_s, at(16, 16, 0)), meeting(u"late"_s, at(16, 23, 59)),
+                   meeting(u"never"_s, 1e300)}};
     QCOMPARE(dayMarks(AgendaRows::of(content, now)),
              u"[Yesterday|Monday 13 July] yesterday's*; [Today|Tuesday 14 July] stand-up* review; "
              "[Tomorrow|Wednesday 15 July] priya; [Thursday|16 July] roadmap late;"_s);

@@ -87,7 +87,7 @@ Item {
             minimumPixelSize: 22
         }
 
-        Label {
+        ElidedLabel {
             id: title
 
             y: 128 - height / 2
@@ -95,16 +95,6 @@ Item {
             style: Label.Title
             text: hero.face.title
             color: Theme.cream
-
-            HoverHandler {
-                id: titleHover
-            }
-
-            ToolTipText {
-                target: title
-                text: hero.face.title
-                wanted: titleHover.hovered && title.truncated
-            }
         }
 
         Label {
@@ -126,7 +116,7 @@ Item {
             color: Theme.dot(hero.face.dotColor, hero.face.dotTurn)
         }
 
-        Label {
+        ElidedLabel {
             anchors.left: dot.right
             anchors.leftMargin: 9
             anchors.right: parent.right

@@ -114,7 +114,7 @@ Item {
             color: Theme.text3
         }
 
-        Label {
+        ElidedLabel {
             id: title
 
             readonly property real room: actions.x - 10 - x - (now.visible ? now.width + 7 : 0)
@@ -125,16 +125,6 @@ Item {
             style: Label.RowTitle
             text: item.row.title
             color: item.strongText
-
-            HoverHandler {
-                id: titleHover
-            }
-
-            ToolTipText {
-                target: title
-                text: item.row.title
-                wanted: titleHover.hovered && title.truncated
-            }
         }
 
         Chip {
@@ -156,7 +146,7 @@ Item {
             color: Theme.dot(item.row.dotColor, item.row.dotTurn)
         }
 
-        Label {
+        ElidedLabel {
             anchors.left: dot.right
             anchors.leftMargin: 7
             anchors.right: actions.left
