@@ -25,6 +25,7 @@
 #include "posix/UnusedMemory.h"
 #include "process/linux/PosixProcessRunner.h"
 #include "ui/components/Appearance.h"
+#include "ui/components/linux/DesktopAppearance.h"
 #include "ui/dialogs/QuickFolderChooser.h"
 
 #include <QCoreApplication>
@@ -115,6 +116,7 @@ struct QuorvaneApp::Parts
     DesktopMotionPreference motion;
     XdgLinkOpener opener;
     Appearance appearance{nullptr};
+    DesktopAppearance desktopAppearance{appearance};
     Overlay overlay{
         {*placement, chime, waker, opener, motion, [this] { return preferences.soundEnabled(); }}};
 };
@@ -146,6 +148,11 @@ QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment
     m_model = std::make_unique<AppModel>(modeOf(arguments), services);
     m_dashboard =
         std::make_unique<DashboardWindow>(*m_model, m_parts->appearance, nullptr, FrameSettler::whenSettled);
+    const auto followMotion = [parts = m_parts.get()] {
+        parts->appearance.setReduceMotion(parts->motion.reduceMotion());
+    };
+    QObject::connect(&m_parts->motion, &MotionPreference::changed, &m_parts->appearance, followMotion);
+    followMotion();
     // A window that is looked at once a day must not weigh on the rest of it.
     QObject::connect(m_dashboard.get(), &DashboardWindow::closed, &returnUnusedMemory);
 }
