@@ -20,6 +20,7 @@ constexpr int ticksPerMark = 5;
 constexpr QRgb night = 0x12100D;
 constexpr QRgb cream = 0xF7F0E5;
 constexpr QRgb vaneShade = 0xDDBD8A;
+constexpr QRgb seam = 0x2A2016;
 
 struct Bloom
 {
@@ -87,7 +88,7 @@ void HourDial::paintFace(QPainter &painter, qreal side) const
 {
     const qreal half = side / 2;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(faded(QColor(night), 0.46F));
+    painter.setBrush(faded(QColor(night), 0.50F));
     painter.drawEllipse(QPointF(), half, half);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(faded(Qt::white, 0.08F), ringWidth));
@@ -141,7 +142,7 @@ void HourDial::paintVane(QPainter &painter, qreal side) const
     painter.save();
     painter.rotate(m_vane);
     painter.setBrush(QColor(cream));
-    painter.setPen(QPen(faded(QColor(night), 0.8F), 4, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
+    painter.setPen(QPen(faded(QColor(seam), 0.85F), 4.5, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
     painter.drawConvexPolygon(kite.data(), static_cast<int>(kite.size()));
     painter.setPen(QPen(QColor(cream), 1.2, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
     painter.drawConvexPolygon(kite.data(), static_cast<int>(kite.size()));

@@ -16,7 +16,7 @@ Row {
     spacing: 8
 
     Accessible.role: Accessible.StaticText
-    Accessible.name: isDone ? qsTr("Step %1, done: %2").arg(number).arg(text) : qsTr("Step %1: %2").arg(number).arg(text)
+    Accessible.name: (isDone ? qsTr("Step %1, done: %2") : qsTr("Step %1: %2")).arg(number).arg(text)
 
     Rectangle {
         anchors.verticalCenter: parent.verticalCenter
