@@ -1,11 +1,12 @@
 # SPDX-FileCopyrightText: 2026 The Quorvane authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# quorvane_qml_module(PATH URI uri FILES name... [SINGLETONS name...] [EVERYWHERE])
+# quorvane_qml_module(PATH URI uri FILES name... [SINGLETONS name...] [USES uri...] [EVERYWHERE])
 # Makes the room's views, PATH/qml/NAME.qml, a QML module that is part of the room's library: a class of the room
-# registers it by name, so there is no plugin to find. EVERYWHERE puts it where every engine looks by itself.
+# registers it by name, so there is no plugin to find. EVERYWHERE puts it where every engine looks by itself;
+# USES names modules whose types its C++ types hand out.
 function(quorvane_qml_module path)
-  cmake_parse_arguments(module "EVERYWHERE" "URI" "FILES;SINGLETONS" ${ARGN})
+  cmake_parse_arguments(module "EVERYWHERE" "URI" "FILES;SINGLETONS;USES" ${ARGN})
   quorvane_room_target(${path} target)
   set(files "")
   foreach(name IN LISTS module_FILES)
@@ -25,7 +26,7 @@ function(quorvane_qml_module path)
     VERSION 1.0
     NO_PLUGIN
     RESOURCE_PREFIX ${prefix}
-    DEPENDENCIES QtQuick
+    DEPENDENCIES QtQuick ${module_USES}
     OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${folder}"
     QML_FILES ${files})
   # The generated registration includes the headers by their bare names.

@@ -65,7 +65,7 @@ void Dashboard::updateStatus()
                                                     .sources = sources,
                                                     .calendars = watchedCalendars(),
                                                     .scheduledMeetings = m_model.scheduledMeetings()});
-    const qsizetype attentionCount = SidebarStatus::failing(sources);
+    const int attentionCount = static_cast<int>(SidebarStatus::failing(sources));
     if (status == m_status && attentionCount == m_attentionCount)
         return;
     m_status = status;

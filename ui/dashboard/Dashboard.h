@@ -37,7 +37,7 @@ class Dashboard final : public QObject
     Q_PROPERTY(QString statusDetail READ statusDetail NOTIFY statusChanged)
     Q_PROPERTY(bool needsAttention READ needsAttention NOTIFY statusChanged)
     /// Accounts that need the user.
-    Q_PROPERTY(qsizetype attentionCount READ attentionCount NOTIFY statusChanged)
+    Q_PROPERTY(int attentionCount READ attentionCount NOTIFY statusChanged)
 
 public:
     enum class Section { agenda, calendars, settings };
@@ -58,7 +58,7 @@ public:
     [[nodiscard]] const QString &statusLine() const { return m_status.line; }
     [[nodiscard]] const QString &statusDetail() const { return m_status.detail; }
     [[nodiscard]] bool needsAttention() const { return m_status.needsAttention; }
-    [[nodiscard]] qsizetype attentionCount() const { return m_attentionCount; }
+    [[nodiscard]] int attentionCount() const { return m_attentionCount; }
 
     Q_INVOKABLE void openSheet();
     Q_INVOKABLE void closeSheet();
@@ -82,7 +82,7 @@ private:
     bool m_isSheetOpen = false;
     std::unique_ptr<MeetingForm> m_sheet;
     SidebarStatus m_status;
-    qsizetype m_attentionCount = 0;
+    int m_attentionCount = 0;
 };
 
 } // namespace quorvane

@@ -12,8 +12,16 @@ Rectangle {
     readonly property var buttons: [{ text: "Save", icon: "", kind: ActionButton.Primary },
         { text: "Pause", icon: Icons.pause, kind: ActionButton.Secondary },
         { text: "Cancel", icon: "", kind: ActionButton.Quiet }, { text: "Remove", icon: "", kind: ActionButton.Danger }]
-    readonly property var cells: [].concat(...buttons.map((button, row) => states.map((state, column) => ({
-        state: state, column: column, row: row, about: button }))))
+    readonly property var cells: everyCell()
+
+    function everyCell() : var {
+        const made = [];
+        for (let row = 0; row < buttons.length; ++row) {
+            for (let column = 0; column < states.length; ++column)
+                made.push({ state: states[column], column: column, row: row, about: buttons[row] });
+        }
+        return made;
+    }
 
     color: Theme.canvas
 

@@ -46,7 +46,14 @@ TextInput {
     Accessible.description: accessibleDescription
 
     // Where nobody types, a text too long shows its beginning.
-    onTextChanged: Qt.callLater(showBeginning)
-    onWidthChanged: Qt.callLater(showBeginning)
-    onActiveFocusChanged: Qt.callLater(showBeginning)
+    onTextChanged: settled.restart()
+    onWidthChanged: settled.restart()
+    onActiveFocusChanged: settled.restart()
+
+    Timer {
+        id: settled
+
+        interval: 0
+        onTriggered: input.showBeginning()
+    }
 }

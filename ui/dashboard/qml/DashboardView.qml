@@ -4,7 +4,6 @@
 import QtQuick
 import Quorvane.Components
 import Quorvane.Dashboard
-import Quorvane.Sheet
 
 /// The whole window: sidebar, notice, the page in front, the sheet over all of it.
 Rectangle {
@@ -67,38 +66,57 @@ Rectangle {
     }
 
     Loader {
+        id: sheet
+
         anchors.fill: parent
-        active: view.dashboard.sheetOpen
-        sourceComponent: AddMeetingSheet {
-            form: view.dashboard.sheet
-            onDismissed: view.closeSheet()
+    }
+
+    Connections {
+        target: view.dashboard
+
+        function onSheetOpenChanged() {
+            if (view.dashboard.sheetOpen)
+                sheet.setSource("qrc:/Quorvane/Sheet/AddMeetingSheet.qml", { form: view.dashboard.sheet });
+            else
+                sheet.source = "";
+        }
+    }
+
+    Connections {
+        target: sheet.item
+
+        function onDismissed() {
+            view.closeSheet();
         }
     }
 
     Shortcut {
-        sequences: [StandardKey.New]
+        sequence: "Ctrl+N"
         enabled: !view.dashboard.sheetOpen
         onActivated: view.openSheet()
     }
     Shortcut {
-        sequences: [StandardKey.Refresh]
+        sequences: ["F5", "Ctrl+R"]
         enabled: !view.dashboard.sheetOpen
         onActivated: view.dashboard.refresh()
     }
     Shortcut {
-        sequences: [StandardKey.Close]
+        sequence: "Ctrl+W"
         onActivated: view.Window.window.close()
     }
-    Instantiator {
-        model: [Dashboard.Section.agenda, Dashboard.Section.calendars, Dashboard.Section.settings]
-
-        Shortcut {
-            required property int index
-            required property int modelData
-
-            sequence: "Ctrl+" + (index + 1)
-            enabled: !view.dashboard.sheetOpen
-            onActivated: view.dashboard.section = modelData
-        }
+    Shortcut {
+        sequence: "Ctrl+1"
+        enabled: !view.dashboard.sheetOpen
+        onActivated: view.dashboard.section = Dashboard.Section.agenda
+    }
+    Shortcut {
+        sequence: "Ctrl+2"
+        enabled: !view.dashboard.sheetOpen
+        onActivated: view.dashboard.section = Dashboard.Section.calendars
+    }
+    Shortcut {
+        sequence: "Ctrl+3"
+        enabled: !view.dashboard.sheetOpen
+        onActivated: view.dashboard.section = Dashboard.Section.settings
     }
 }

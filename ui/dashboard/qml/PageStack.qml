@@ -2,12 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import Quorvane.Agenda
-import Quorvane.Calendars
 import Quorvane.Dashboard
-import Quorvane.Settings
 
-/// The page in front. One that has been looked at keeps its place while another is in front.
+/// The page in front.
 Item {
     id: stack
 
@@ -15,32 +12,37 @@ Item {
 
     signal addMeetingRequested
 
-    Loader {
+    LazyPage {
+        id: agenda
+
         anchors.fill: parent
-        active: visible || item
         visible: stack.dashboard.section === Dashboard.Section.agenda
-        sourceComponent: AgendaPage {
-            agenda: stack.dashboard.agenda
-            onAddMeetingRequested: stack.addMeetingRequested()
-            onCalendarsRequested: stack.dashboard.section = Dashboard.Section.calendars
+        view: "qrc:/Quorvane/Agenda/AgendaPage.qml"
+        properties: ({ agenda: stack.dashboard.agenda })
+    }
+
+    Connections {
+        target: agenda.item
+
+        function onAddMeetingRequested() {
+            stack.addMeetingRequested();
+        }
+        function onCalendarsRequested() {
+            stack.dashboard.section = Dashboard.Section.calendars;
         }
     }
 
-    Loader {
+    LazyPage {
         anchors.fill: parent
-        active: visible || item
         visible: stack.dashboard.section === Dashboard.Section.calendars
-        sourceComponent: CalendarsPage {
-            calendars: stack.dashboard.calendars
-        }
+        view: "qrc:/Quorvane/Calendars/CalendarsPage.qml"
+        properties: ({ calendars: stack.dashboard.calendars })
     }
 
-    Loader {
+    LazyPage {
         anchors.fill: parent
-        active: visible || item
         visible: stack.dashboard.section === Dashboard.Section.settings
-        sourceComponent: SettingsPage {
-            settings: stack.dashboard.settings
-        }
+        view: "qrc:/Quorvane/Settings/SettingsPage.qml"
+        properties: ({ settings: stack.dashboard.settings })
     }
 }

@@ -24,8 +24,8 @@ PressControl {
     Accessible.role: Accessible.PageTab
     Accessible.selected: isCurrent
     onClicked: dashboard.section = section
-    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-    Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+    Keys.onUpPressed: item.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+    Keys.onDownPressed: item.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
 
     Rectangle {
         anchors.fill: parent
