@@ -21,10 +21,20 @@ function(quorvane_qml_module path)
   if(module_EVERYWHERE)
     set(prefix "/qt-project.org/imports")
   endif()
+  set(cache "")
+  if(NOT QUORVANE_QML_CACHE)
+    # What the class of the room asks for by name is then empty.
+    set(cache NO_CACHEGEN)
+    set(stub "${CMAKE_CURRENT_BINARY_DIR}/no_qml_cache.cpp")
+    set(name "qInitResources_qmlcache_${target}")
+    file(CONFIGURE OUTPUT "${stub}" CONTENT "int ${name}();\nint ${name}() { return 1; }\n")
+    target_sources(${target} PRIVATE "${stub}")
+  endif()
   qt_add_qml_module(${target}
     URI ${module_URI}
     VERSION 1.0
     NO_PLUGIN
+    ${cache}
     RESOURCE_PREFIX ${prefix}
     DEPENDENCIES QtQuick ${module_USES}
     OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${folder}"
