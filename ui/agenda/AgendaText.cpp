@@ -16,6 +16,9 @@ namespace quorvane::AgendaText {
 
 namespace {
 
+constexpr qint64 minutesPerHour = 60;
+constexpr qint64 minutesPerDay = 24 * minutesPerHour;
+
 QDateTime local(double time)
 {
     return QDateTime::fromMSecsSinceEpoch(qRound64(time * 1000));
@@ -38,7 +41,7 @@ QString dayDate(QDate date, QDate today)
 {
     const QLocale locale = QLocale::system();
     const bool monthFirst = locale.language() != QLocale::C && hasMonthFirst(locale);
-    const QString dayAndMonth = locale.toString(date, monthFirst ? u"MMMM d"_s : u"d MMMM"_s);
+    QString dayAndMonth = locale.toString(date, monthFirst ? u"MMMM d"_s : u"d MMMM"_s);
     const QString weekday = locale.dayName(date.dayOfWeek(), QLocale::LongFormat);
     if (MeetingFormat::dayTitle(date, today) == weekday)
         return dayAndMonth;
@@ -50,11 +53,11 @@ QString ago(double seconds)
     const auto minutes = static_cast<qint64>(std::max(0.0, seconds) / 60);
     if (minutes < 1)
         return u"just now"_s;
-    if (minutes < 60)
+    if (minutes < minutesPerHour)
         return u"%1 min ago"_s.arg(minutes);
-    if (minutes < 24 * 60)
-        return u"%1 h ago"_s.arg(minutes / 60);
-    return MeetingFormat::plural(minutes / (24 * 60), u"day"_s) + u" ago"_s;
+    if (minutes < minutesPerDay)
+        return u"%1 h ago"_s.arg(minutes / minutesPerHour);
+    return MeetingFormat::plural(minutes / minutesPerDay, u"day"_s) + u" ago"_s;
 }
 
 QString dialTime(double time)

@@ -8,6 +8,7 @@
 #include "ui/format/MeetingFormat.h"
 
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -37,26 +38,23 @@ EmptyFace unreadable(const QString &status)
     return {.isShown = true, .title = u"Your calendars do not answer"_s, .text = status, .offersAdd = true};
 }
 
+/// The first step that has not been taken, in words.
 void describe(EmptyFace &face)
 {
-    switch (face.step) {
-    case 1:
+    if (face.step == 1) {
         face.title = u"Nothing on the horizon"_s;
         face.text =
             u"Connect a calendar and its meetings appear here. Anything else you must not miss can be "
             "added by hand."_s;
-        break;
-    case 2:
+    } else if (face.step == 2) {
         face.title = u"No meetings in the next 14 days"_s;
         face.text =
             u"Your calendars are connected. Add a meeting by hand, or see now what an alert looks like."_s;
-        break;
-    case 3:
+    } else {
         face.title = u"You will not miss these"_s;
         face.text =
             u"See what an alert looks like before the first one comes. It covers every display with a "
             "sample meeting."_s;
-        break;
     }
 }
 
@@ -125,7 +123,7 @@ bool EmptyAgenda::isFailing() const
 
 qsizetype EmptyAgenda::calendarCount() const
 {
-    return static_cast<qsizetype>(m_model.calendars().size() + m_model.fantasticalCalendars().size());
+    return std::ssize(m_model.calendars()) + std::ssize(m_model.fantasticalCalendars());
 }
 
 qsizetype EmptyAgenda::meetingCount() const

@@ -153,7 +153,7 @@ void AgendaListTest::onlyRowsInSightHaveItems()
     w->addMany(2000);
     w->open({884, 780});
     QQuickItem *scroll = w->item("scroll");
-    for (double y = 0; y < 120000; y += 777) {
+    for (int y = 0; y < 120000; y += 777) {
         scroll->setProperty("contentY", y);
         w->settle();
         const auto seen = w->rows();

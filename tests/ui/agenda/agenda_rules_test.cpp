@@ -92,7 +92,7 @@ void AgendaRulesTest::theHeroShowsWhatComesNext_data()
     QTest::addColumn<Meetings>("events");
     QTest::addColumn<QString>("kept");
     QTest::addColumn<QString>("shown");
-    const auto row = [](const char *name, Meetings scheduled, Meetings others, const char *kept,
+    const auto row = [](const char *name, const Meetings &scheduled, const Meetings &others, const char *kept,
                         const char *shown) {
         Meetings events = scheduled;
         events.insert(events.end(), others.begin(), others.end());

@@ -24,8 +24,14 @@ Item {
     Accessible.focused: activeFocus
     Accessible.name: row.spoken
 
-    Keys.onSpacePressed: meetings.toggleAlert(row.id)
-    Keys.onDeletePressed: {
+    Keys.onSpacePressed: event => {
+        event.accepted = !event.modifiers;
+        if (event.accepted && !event.isAutoRepeat)
+            meetings.toggleAlert(row.id);
+    }
+    Keys.onDeletePressed: event => {
+        if (event.isAutoRepeat)
+            return;
         meetings.askToDelete(row.id);
         question.takeFocus();
     }
