@@ -14,7 +14,7 @@ class FolderLock final
 public:
     /// The longest that anybody is waited for, in milliseconds. After that, and on file systems without
     /// locks, the work goes on without: a stopped program must not stop this one.
-    static constexpr int patience = 1000;
+    static constexpr int patience = 150;
 
     explicit FolderLock(const QString &folder);
     ~FolderLock();

@@ -41,21 +41,6 @@ UserSettings Preferences::values() const
     };
 }
 
-Result<void> Preferences::restore(const UserSettings &values, const MeetingChoices &choices)
-{
-    return m_file.edit([&] {
-        return SettingsFile::Changes{
-            {excludedCalendarsKey, values.excludedCalendars},
-            {calendarFoldersKey, values.calendarFolders},
-            {ownAddressesKey, values.ownAddresses},
-            {serverURLKey, values.serverURL},
-            {uploadKey, values.uploadMacSnapshot},
-            {soundKey, values.soundEnabled},
-            {meetingChoicesKey, MeetingChoicesText::text(choices)},
-        };
-    });
-}
-
 QStringList Preferences::excludedCalendars() const
 {
     return list(excludedCalendarsKey);

@@ -29,9 +29,6 @@ public:
     /// All that a user sets.
     [[nodiscard]] UserSettings values() const;
 
-    /// Writes all of these anew.
-    [[nodiscard]] Result<void> restore(const UserSettings &values, const MeetingChoices &choices);
-
     /// Identifiers of the calendars left out of every read ("excludedCalendars").
     [[nodiscard]] QStringList excludedCalendars() const;
     [[nodiscard]] Result<void> setCalendarEnabled(const QString &id, Switch enabled);

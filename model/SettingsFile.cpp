@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -82,7 +83,7 @@ SettingsFile::Condition SettingsFile::condition() const
 {
     const QFileInfo info(m_path);
     if (!info.exists())
-        return Condition::sound;
+        return m_isAway ? Condition::unusable : Condition::sound;
     QFile file(m_path);
     if (!info.isFile() || info.size() > largest || !file.open(QIODevice::ReadOnly))
         return Condition::unusable;
@@ -100,8 +101,6 @@ SettingsFile::Condition SettingsFile::condition() const
 SettingsFile::Changes SettingsFile::understood() const
 {
     Changes values;
-    if (condition() == Condition::unusable)
-        return values;
     const QSettings settings(m_path, QSettings::IniFormat);
     const QStringList keys = settings.allKeys();
     for (const QString &key : keys) {
@@ -111,16 +110,48 @@ SettingsFile::Changes SettingsFile::understood() const
     return values;
 }
 
+bool SettingsFile::remember()
+{
+    if (condition() == Condition::unusable)
+        return false;
+    m_known = understood();
+    return true;
+}
+
+// The new file is complete before the old one goes: a full disk must not leave none.
 Result<void> SettingsFile::setAside()
 {
-    const Changes values = understood();
+    const Changes values = condition() == Condition::unusable ? m_known : understood();
     const QString stamp = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmss-zzz"_s);
-    if (!QDir().rename(m_path, m_path + u".damaged-"_s + stamp))
+    const QString damaged = m_path + u".damaged-"_s + stamp;
+    const QString fresh = m_path + u".new-"_s + stamp;
+    const bool isWritten = values.isEmpty() || SettingsFile(fresh).write(values).has_value();
+    if (!isWritten || (!m_isAway && !QDir().rename(m_path, damaged))) {
+        QFile::remove(fresh);
         return notWritten;
-    return values.isEmpty() ? Result<void>() : write(values);
+    }
+    if (!values.isEmpty() && !QDir().rename(fresh, m_path)) {
+        QFile::remove(fresh);
+        m_isAway = m_isAway || !QDir().rename(damaged, m_path);
+        m_isUntold = m_isAway;
+        return notWritten;
+    }
+    m_isAway = false;
+    m_isUntold = true;
+    return {};
 }
 
 Result<void> SettingsFile::edit(const std::function<Changes()> &change)
+{
+    const Result<void> written = editLocked(change);
+    if (written)
+        remember();
+    if (std::exchange(m_isUntold, false) && m_told)
+        m_told();
+    return written;
+}
+
+Result<void> SettingsFile::editLocked(const std::function<Changes()> &change)
 {
     const QString folder = QFileInfo(m_path).path();
     QDir().mkpath(folder);

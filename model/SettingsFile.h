@@ -27,7 +27,7 @@ public:
         sound,
         /// Parts of the text cannot be understood.
         partly,
-        /// It is no text, too large, no file, or cannot be opened.
+        /// It is no text, too large, no file, or cannot be opened; or it was set aside and has no successor.
         unusable,
     };
 
@@ -43,20 +43,32 @@ public:
 
     /// Asks `change` what is to be changed while no other copy of this program writes, and writes it: when it
     /// returns, or when somebody kills it, there is the old or the new file. All else stays as it is,
-    /// comments do not. A file that is not sound is first set aside. Fails with `std::errc::io_error`, and
-    /// nothing has changed.
+    /// comments do not. Fails with `std::errc::io_error`, and no value has changed.
+    ///
+    /// A file that is not sound is first renamed to "<name>.damaged-<time>", so that it is neither obeyed nor
+    /// overwritten, and a new one holds what could be understood of it; if it was unusable, what it was last
+    /// known to hold.
     [[nodiscard]] Result<void> edit(const std::function<Changes()> &change);
 
-    /// Renames a file that is not sound to "<name>.damaged-<time>", so that it is neither obeyed nor
-    /// overwritten, and begins a new one with what could be understood of it. Fails with
-    /// `std::errc::io_error` when that is not possible.
-    [[nodiscard]] Result<void> setAside();
+    /// Takes what the file holds now for what it is known to hold, as each edit does. False, with nothing
+    /// changed, when it is unusable.
+    bool remember();
+
+    /// `told` is called after every edit that renamed a damaged file, also if it failed then.
+    void whenSetAside(std::function<void()> told) { m_told = std::move(told); }
 
 private:
+    [[nodiscard]] Result<void> editLocked(const std::function<Changes()> &change);
+    [[nodiscard]] Result<void> setAside();
     [[nodiscard]] Result<void> write(const Changes &changes);
     [[nodiscard]] Changes understood() const;
 
     QString m_path;
+    Changes m_known;
+    std::function<void()> m_told;
+    bool m_isUntold = false;
+    /// Renamed, and nothing could be put in its place: that it is missing says nothing.
+    bool m_isAway = false;
 };
 
 } // namespace quorvane

@@ -22,32 +22,28 @@ SettingsKeeper::SettingsKeeper(Storage storage, Preferences &preferences, QObjec
     , m_preferences(preferences)
 {
     connect(&m_watch, &SettingsWatch::changed, this, &SettingsKeeper::reload);
+    if (m_storage == Storage::file)
+        m_preferences.file().whenSetAside([this] { Q_EMIT wasSetAside(); });
+}
+
+SettingsKeeper::~SettingsKeeper()
+{
+    if (m_storage == Storage::file)
+        m_preferences.file().whenSetAside({});
 }
 
 void SettingsKeeper::start()
 {
-    mend();
+    (void)m_preferences.file().edit([] { return SettingsFile::Changes(); }); // mends it
     reload();
     m_watch.start(m_preferences.file().path());
-}
-
-// A file that was damaged while this program runs is made anew of what is known of it.
-void SettingsKeeper::mend()
-{
-    const SettingsFile::Condition condition = m_preferences.file().condition();
-    if (condition == SettingsFile::Condition::sound || !m_preferences.file().setAside())
-        return;
-    if (condition == SettingsFile::Condition::unusable && m_wasRead)
-        (void)m_preferences.restore(m_values, m_choices);
-    Q_EMIT wasSetAside();
 }
 
 // A file that cannot be used says nothing, so what it said before holds until it is written anew.
 void SettingsKeeper::reload()
 {
-    if (m_storage == Storage::memory || m_preferences.file().condition() == SettingsFile::Condition::unusable)
+    if (m_storage == Storage::memory || !m_preferences.file().remember())
         return;
-    m_wasRead = true;
     MeetingChoices choices = m_preferences.meetingChoices();
     choices.insert(m_unkept);
     assume(m_preferences.values(), choices);
@@ -73,7 +69,6 @@ Result<void> SettingsKeeper::set(const Change &change, const Write &write)
         assume(values, m_choices);
         return {};
     }
-    mend();
     const Result<void> written = write(m_preferences);
     reload();
     return written;
@@ -131,7 +126,6 @@ Result<void> SettingsKeeper::keepChoices()
 {
     if (m_storage == Storage::memory)
         return {};
-    mend();
     const MeetingChoices edits = m_unkept;
     const Result<void> written = m_preferences.mergeMeetingChoices(edits);
     if (written)

@@ -35,6 +35,8 @@ public:
 
     /// `preferences` outlives this.
     SettingsKeeper(Storage storage, Preferences &preferences, QObject *parent = nullptr);
+    ~SettingsKeeper() override;
+    Q_DISABLE_COPY_MOVE(SettingsKeeper)
 
     /// Reads the file, which is set aside if it cannot be used, and watches it from now on.
     void start();
@@ -68,14 +70,14 @@ Q_SIGNALS:
     /// Whoever changed them; `before` is what they were.
     void valuesChanged(const quorvane::UserSettings &before);
     void choicesChanged();
-    /// The file was damaged and lies under another name now.
+    /// The file was damaged and lies under another name now, whoever was about to write it. A new one holds
+    /// what was known.
     void wasSetAside();
 
 private:
     using Change = std::function<void(UserSettings &)>;
     using Write = std::function<Result<void>(Preferences &)>;
     Result<void> set(const Change &change, const Write &write);
-    void mend();
 
     const Storage m_storage;
     Preferences &m_preferences;
@@ -84,7 +86,6 @@ private:
     MeetingChoices m_choices;
     /// Choices that the file does not hold yet.
     MeetingChoices m_unkept;
-    bool m_wasRead = false;
 };
 
 } // namespace quorvane

@@ -3,6 +3,8 @@
 
 #include "model/SettingsFile.h"
 
+#include "tests/support/FullDisk.h"
+
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void whatCannotBeUsedIsSetAside_data();
     void whatCannotBeUsedIsSetAside();
     void aFolderInItsPlaceIsSetAside();
+    void aFullDiskLeavesTheDamagedFileInItsPlace();
     void aKilledWriterLeavesTheOldOrTheNewFile();
     void copiesThatWriteAtOnceLoseNothing();
 
@@ -110,6 +113,28 @@ void SettingsFileTest::aFolderInItsPlaceIsSetAside()
     QVERIFY(file->edit([] { return SettingsFile::Changes{{u"new"_s, 1}}; }));
     QCOMPARE(file->value(u"new"_s).toInt(), 1);
     QVERIFY(QDir(dir->filePath(setAside().constFirst())).exists(u"something of the user's"_s));
+}
+
+void SettingsFileTest::aFullDiskLeavesTheDamagedFileInItsPlace()
+{
+    const auto edit = [this] { return file->edit([] { return SettingsFile::Changes{{u"new"_s, 1}}; }); };
+    const QByteArray damaged = "[General]\nserverURL=https://a.example\nhello\n";
+    write(damaged);
+    int told = 0;
+    file->whenSetAside([&told] { ++told; });
+    {
+        const FullDisk full;
+        QVERIFY(!edit());
+    }
+    QFile still(file->path());
+    QVERIFY(still.open(QIODevice::ReadOnly));
+    QCOMPARE(still.readAll(), damaged);
+    QCOMPARE(QDir(dir->path()).entryList(QDir::Files), QStringList(u"settings.ini"_s));
+    QCOMPARE(told, 0);
+    QVERIFY(edit());
+    QCOMPARE(told, 1);
+    QCOMPARE(file->value(u"serverURL"_s).toString(), u"https://a.example"_s);
+    QCOMPARE(file->value(u"new"_s).toInt(), 1);
 }
 
 void SettingsFileTest::aKilledWriterLeavesTheOldOrTheNewFile()

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "model/SettingsKeeper.h"
+#include "tests/support/FullDisk.h"
 
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void twoCopiesDoNotOverwriteEachOther();
     void anEditorsChangeIsToldHere();
     void aChoiceThatCouldNotBeWrittenIsWrittenLater();
+    void aFileDamagedMeanwhileIsMadeAnewOfWhatIsKnown_data();
     void aFileDamagedMeanwhileIsMadeAnewOfWhatIsKnown();
     void choicesOfMeetingsLongGoneAreDropped();
 
@@ -45,6 +48,8 @@ private:
 
 void SettingsKeeperTest::init()
 {
+    keeper.reset();
+    other.reset();
     dir = std::make_unique<QTemporaryDir>();
     path = dir->filePath(u"new/settings.ini"_s);
     file = std::make_unique<Preferences>(path);
@@ -126,22 +131,51 @@ void SettingsKeeperTest::aChoiceThatCouldNotBeWrittenIsWrittenLater()
     QVERIFY(blocked.soundEnabled());
 }
 
+void SettingsKeeperTest::aFileDamagedMeanwhileIsMadeAnewOfWhatIsKnown_data()
+{
+    using Writer = std::function<Result<void>()>;
+    QTest::addColumn<Writer>("writer");
+    QTest::newRow("by a setting") << Writer([this] { return keeper->setSoundEnabled(Switch::off); });
+    QTest::newRow("by a choice") << Writer([this] {
+        keeper->choose(u"2"_s, Switch::off);
+        return keeper->keepChoices();
+    });
+    QTest::newRow("by an owed acknowledgment")
+        << Writer([this] { return file->setPendingAcks({u"old"_s, u"new"_s}); });
+    QTest::newRow("by a folder") << Writer([this] { return file->setFantasticalFolder(u"/cache"_s); });
+}
+
 void SettingsKeeperTest::aFileDamagedMeanwhileIsMadeAnewOfWhatIsKnown()
 {
+    QFETCH(std::function<Result<void>()>, writer);
     QVERIFY(keeper->setServerURL(u"https://a.example"_s));
+    QVERIFY(file->setPendingAcks({u"old"_s}));
+    QVERIFY(file->setFantasticalFolder(u"/cache"_s));
     QSignalSpy changed(keeper.get(), &SettingsKeeper::valuesChanged);
     keeper->choose(u"1"_s, Switch::on);
     QVERIFY(keeper->keepChoices());
     QVERIFY(changed.isEmpty()); // a choice is none of the values
+    other.reset();
     QSignalSpy aside(keeper.get(), &SettingsKeeper::wasSetAside);
     write(QByteArray(300, '\0'));
     QTest::qWait(400);
     QCOMPARE(keeper->values().serverURL, u"https://a.example"_s);
-    QVERIFY(keeper->setSoundEnabled(Switch::off));
+    {
+        const FullDisk full;
+        QVERIFY(!writer());
+    }
+    QTest::qWait(400);
+    QCOMPARE(keeper->values().serverURL, u"https://a.example"_s);
+    QVERIFY(aside.isEmpty());
+    QVERIFY(writer());
     QCOMPARE(aside.size(), 1);
+    QTest::qWait(400);
+    QCOMPARE(keeper->values().serverURL, u"https://a.example"_s);
+    QCOMPARE(keeper->choices().value(u"1"_s), true);
     QCOMPARE(file->serverURL(), u"https://a.example"_s);
-    QCOMPARE(file->meetingChoices(), MeetingChoices({{u"1"_s, true}}));
-    QVERIFY(!file->soundEnabled());
+    QCOMPARE(file->meetingChoices(), keeper->choices());
+    QCOMPARE(file->fantasticalFolder(), u"/cache"_s);
+    QVERIFY(file->pendingAcks().contains(u"old"_s));
 }
 
 void SettingsKeeperTest::choicesOfMeetingsLongGoneAreDropped()
