@@ -222,6 +222,8 @@ private:
     void prepareAgain(const QString &id);
     QCoro::Task<> loadManualMeetings();
     QCoro::Task<> retryManualMeetings();
+    void settleKeyring();
+    [[nodiscard]] QString survivorOf(const Meeting &added) const;
     QCoro::Task<> keepManualMeetings();
     void tellUnlessSynced(const QString &text);
     void settleUnsynced();
@@ -334,6 +336,8 @@ private:
     QSet<QString> m_pendingAcks;
     /// Whether the settings hold `m_pendingAcks`.
     bool m_arePendingAcksKept = true;
+    /// An address and a token are being saved.
+    bool m_isServerChanging = false;
     bool m_isResending = false;
     std::unique_ptr<ActivityToken> m_activity;
     QTimer m_changeDelay;

@@ -83,12 +83,25 @@ QCoro::Task<> AppModel::addMeeting(QString title, double start, int duration, QS
     const int count = m_turns.count();
     const Meeting meeting = wanted.meeting(QUuid::createUuid().toString(QUuid::WithoutBraces));
     m_manual.add(meeting);
-    m_settings.choose(meeting.id, Switch::on);
+    m_settings.choose(survivorOf(meeting), Switch::on);
     QCoro::Task<> persisted = persistMeetingChoices();
     co_await refreshSince(count);
     co_await persisted;
     if (self)
         tellUnlessSynced(meetingUnsynced);
+}
+
+// A calendar may hold the very same meeting, and of two such only one is kept; that one has to alert.
+QString AppModel::survivorOf(const Meeting &added) const
+{
+    const auto isIt = [&added](const Meeting &event) { return event.id == added.id; };
+    const auto isSame = [&added](const Meeting &event) {
+        return event.title == added.title && event.start == added.start && event.end == added.end;
+    };
+    if (std::ranges::any_of(m_calendarEvents, isIt))
+        return added.id;
+    const auto survivor = std::ranges::find_if(m_calendarEvents, isSame);
+    return survivor == m_calendarEvents.end() ? added.id : survivor->id;
 }
 
 QCoro::Task<> AppModel::deleteManualMeeting(Meeting meeting)
@@ -141,8 +154,18 @@ QCoro::Task<> AppModel::loadManualMeetings()
     const QPointer<AppModel> self(this);
     if (!m_manual.isKnown())
         (void)co_await m_manual.load();
-    if (self && !m_manual.isSaved() && !m_manual.isBusy())
+    if (!self)
+        co_return;
+    if (m_manual.isKnown() && m_manual.isSaved())
+        settleKeyring();
+    else if (!m_manual.isBusy() && m_manual.mayAskAgain(now()))
         launch(retryManualMeetings());
+}
+
+void AppModel::settleKeyring()
+{
+    if (m_notice == keyringFailed)
+        setNotice(std::nullopt);
 }
 
 // What could not be written is written as soon as the keyring can be read; that it still cannot is not told
@@ -151,22 +174,24 @@ QCoro::Task<> AppModel::retryManualMeetings()
 {
     const QPointer<AppModel> self(this);
     const Result<void> kept = co_await m_manual.sync(now());
-    if (self && kept && m_notice == keyringFailed)
-        setNotice(std::nullopt);
+    if (self && kept)
+        settleKeyring();
 }
 
 QCoro::Task<> AppModel::keepManualMeetings()
 {
-    if (m_manual.isKnown() && m_manual.isSaved())
+    if (m_manual.isKnown() && m_manual.isSaved()) {
+        settleKeyring();
         co_return;
+    }
     const QPointer<AppModel> self(this);
     const Result<void> kept = co_await m_manual.sync(now());
     if (!self)
         co_return;
-    if (!kept)
+    if (kept)
+        settleKeyring();
+    else
         setNotice(keyringFailed);
-    else if (m_notice == keyringFailed)
-        setNotice(std::nullopt);
 }
 
 void AppModel::tellUnlessSynced(const QString &text)

@@ -69,7 +69,8 @@ QCoro::Task<> AppModel::exchangeWithServer()
 {
     const QPointer<AppModel> self(this);
     m_server.isAddressStored = !serverURL().isEmpty();
-    if (wasJustTold())
+    // While one is being entered, a token may not be that of the address.
+    if (m_isServerChanging || wasJustTold())
         co_return;
     const std::optional<bool> configured = co_await readServerConfigured();
     if (!self)
@@ -89,7 +90,7 @@ QCoro::Task<> AppModel::exchangeWithServer()
     }
     takeServerState(*state);
     const UploadOutcome uploaded = co_await uploadSchedule();
-    if (!self)
+    if (!self || address != serverURL())
         co_return;
     judgeServer(*state, uploaded);
     if (state->health.delivery == u"ok"_s)
@@ -147,10 +148,11 @@ QCoro::Task<AppModel::UploadOutcome> AppModel::uploadSchedule()
         co_return UploadOutcome::postponed;
     const QPointer<AppModel> self(this);
     const int revision = m_scheduleRevision;
+    const QString address = serverURL();
     const Result<OKResponse> answer = co_await m_services.network.snapshot(ownSchedule());
     if (!answer || !answer->ok)
         co_return UploadOutcome::failed;
-    if (self)
+    if (self && address == serverURL())
         m_server.syncedRevision = revision;
     co_return UploadOutcome::taken;
 }

@@ -102,9 +102,11 @@ QCoro::Task<SettingsOutcome> AppModel::saveCredentials(CredentialEdits edits)
     const bool isStored = co_await storeCredentials(edits);
     if (!isStored)
         co_return problem(keyringFailed);
-    if (!self || !isPhoneEdited)
+    if (!self)
         co_return std::move(outcome);
-    const bool isHandedOver = co_await handOverPhone();
+    if (edits.serverToken)
+        requestRefresh();
+    const bool isHandedOver = !isPhoneEdited || co_await handOverPhone();
     if (!isHandedOver) {
         outcome.kind = NoticeKind::problem;
         outcome.text += u" Your server did not take them over; save them again when it is reachable."_s;
@@ -124,7 +126,7 @@ QCoro::Task<bool> AppModel::storeCredentials(CredentialEdits edits)
         m_phoneLink.retryAfter.clear();
     }
     if (edits.serverToken)
-        requestRefresh();
+        m_server.judgedRevision = -1; // what was said to the token before does not count for this one
     co_await loadCredentialHints();
     co_return stored.has_value();
 }
@@ -151,14 +153,26 @@ QCoro::Task<SettingsOutcome> AppModel::saveServer(QString url, CredentialEdits e
     SettingsOutcome outcome{NoticeKind::success, u"Server settings saved."_s};
     if (address.isEmpty())
         outcome.text = u"Server removed. Phone delivery works from this Mac while it is awake."_s;
+    const QPointer<AppModel> self(this);
+    m_isServerChanging = true;
+    // The token first: without it the address would get the one of the server before.
+    const bool isStored = m_mode == Mode::preview || co_await storeCredentials(edits);
+    if (!self)
+        co_return std::move(outcome);
+    m_isServerChanging = false;
+    if (!isStored)
+        co_return problem(keyringFailed);
     const Result<void> written = m_settings.setServerURL(address);
     if (!written)
         co_return problem(notWritten);
     if (m_mode == Mode::preview)
         co_return std::move(outcome);
-    const bool isStored = co_await storeCredentials(edits);
-    if (!isStored)
-        co_return problem(keyringFailed);
+    requestRefresh();
+    const bool isHandedOver = address.isEmpty() || co_await handOverPhone();
+    if (!isHandedOver) {
+        outcome.kind = NoticeKind::problem;
+        outcome.text += u" It did not take over the phone's credentials; save again when it is reachable."_s;
+    }
     co_return std::move(outcome);
 }
 

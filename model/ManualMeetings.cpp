@@ -10,6 +10,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +41,11 @@ ManualMeetings::~ManualMeetings() = default;
 bool ManualMeetings::holds(const QString &id) const
 {
     return std::ranges::any_of(m_meetings, [&id](const Meeting &meeting) { return meeting.id == id; });
+}
+
+bool ManualMeetings::mayAskAgain(double now) const
+{
+    return std::abs(now - m_refusedAt) >= pauseAfterRefusal;
 }
 
 void ManualMeetings::add(const Meeting &meeting)
@@ -143,8 +149,11 @@ QCoro::Task<Result<void>> ManualMeetings::readAndWrite(double now)
     const Result<void> written = co_await m_secrets.set(fresh, Secrets::manualMeetings);
     if (!self)
         co_return cancelled();
-    if (!written)
+    if (!written) {
+        m_refusedAt = now;
         co_return Failure(written.error());
+    }
+    m_refusedAt = 0;
     m_stored = std::move(kept);
     settle(added, removed);
     co_return Result<void>();

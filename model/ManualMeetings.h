@@ -30,6 +30,8 @@ class ManualMeetings final : public QObject
 public:
     /// Meetings that ended longer ago than this, in seconds, are dropped when the list is written.
     static constexpr double keepEndedFor = 86'400;
+    /// For so long, in seconds, nothing is written by itself after a writing has failed.
+    static constexpr double pauseAfterRefusal = 600;
 
     explicit ManualMeetings(Secrets &secrets, QObject *parent = nullptr);
     ~ManualMeetings() override;
@@ -40,6 +42,9 @@ public:
     [[nodiscard]] bool isKnown() const { return m_isKnown; }
     /// Whether there is nothing that the keyring does not hold yet.
     [[nodiscard]] bool isSaved() const { return m_added.empty() && m_removed.isEmpty() && m_isWhole; }
+    /// Whether a `sync` may be tried at `now` without anybody asking for it: one whose writing failed may
+    /// have been declined by the person, who is not to be asked every half minute.
+    [[nodiscard]] bool mayAskAgain(double now) const;
     /// Whether a `sync` is under way.
     [[nodiscard]] bool isBusy() const { return m_turn != nullptr; }
     [[nodiscard]] bool holds(const QString &id) const;
@@ -84,6 +89,8 @@ private:
     bool m_isKnown = false;
     /// Whether all that the keyring held could be understood.
     bool m_isWhole = true;
+    /// Unix time at which a writing last failed.
+    double m_refusedAt = 0;
     /// Runs while a call does.
     std::shared_ptr<QPromise<void>> m_turn;
 };

@@ -42,7 +42,12 @@ QCoro::Task<Result<std::optional<QString>>> Secrets::read(QString account) const
     const Result<std::optional<QByteArray>> bytes = co_await m_store.read(account);
     if (!bytes)
         co_return Failure(bytes.error());
-    co_return *bytes ? textOf(**bytes) : std::nullopt;
+    if (!*bytes)
+        co_return std::optional<QString>();
+    std::optional<QString> text = textOf(**bytes);
+    if (!text)
+        co_return Failure(std::make_error_code(std::errc::illegal_byte_sequence));
+    co_return std::move(text);
 }
 
 QCoro::Task<Result<void>> Secrets::set(QString value, QString account) const

@@ -37,8 +37,9 @@ public:
     /// does not hand it out, as while it is locked: asking again later may find it.
     [[nodiscard]] QCoro::Task<std::optional<QString>> get(QString account) const;
 
-    /// As `get`, but fails with the store's error when the keyring did not answer, so that whoever is about
-    /// to write can tell an account without a value from one that could not be read.
+    /// As `get`, but fails with the store's error when the keyring did not answer, and with
+    /// `std::errc::illegal_byte_sequence` when what it holds is no text, so that whoever is about to write
+    /// can tell an account without a value from one that could not be read.
     [[nodiscard]] QCoro::Task<Result<std::optional<QString>>> read(QString account) const;
 
     /// Replaces the text, or adds it; the desktop may ask the person to unlock the keyring first. Fails with

@@ -15,9 +15,28 @@ namespace quorvane {
 
 namespace {
 
+/// Whether the loader wrote addresses into the code itself, which no file holds.
+bool hasTextRelocations(const dl_phdr_info &library)
+{
+    for (int i = 0; i < library.dlpi_phnum; ++i) {
+        if (library.dlpi_phdr[i].p_type != PT_DYNAMIC)
+            continue;
+        const auto *entry =
+            reinterpret_cast<const ElfW(Dyn) *>(library.dlpi_addr + library.dlpi_phdr[i].p_vaddr);
+        for (; entry->d_tag != DT_NULL; ++entry) {
+            if (entry->d_tag == DT_TEXTREL ||
+                (entry->d_tag == DT_FLAGS && (entry->d_un.d_val & DF_TEXTREL) != 0))
+                return true;
+        }
+    }
+    return false;
+}
+
 /// Parts of a library that nobody may write are as they are in its file, also the kernel's copy of them.
 int dropUnwritable(dl_phdr_info *library, std::size_t, void *pageSize)
 {
+    if (hasTextRelocations(*library))
+        return 0;
     const auto page = *static_cast<const std::uintptr_t *>(pageSize);
     for (int i = 0; i < library->dlpi_phnum; ++i) {
         const auto &part = library->dlpi_phdr[i];

@@ -90,9 +90,12 @@ QHash<int, QByteArray> AccountList::roleNames() const
 
 void AccountList::takeOut(int place)
 {
+    const std::shared_ptr<CalendarList> leaving = m_rows[static_cast<std::size_t>(place)].calendars;
     beginRemoveRows({}, place, place);
     m_rows.erase(m_rows.begin() + place);
     endRemoveRows();
+    // What shows the row looks at its calendars until it is gone itself.
+    QMetaObject::invokeMethod(this, [leaving] {}, Qt::QueuedConnection);
 }
 
 void AccountList::insert(int place, const Row &row)

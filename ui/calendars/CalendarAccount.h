@@ -16,10 +16,10 @@ struct CalendarAccount
     SourceHealth health;
     std::vector<CalendarRow> calendars;
 
-    /// Two sources may have accounts of one name.
+    /// Two sources may have accounts of one name, and a folder may be called like one.
     [[nodiscard]] static QString keyOf(const SourceHealth &health)
     {
-        return QChar(health.isFantastical ? u'f' : u's') + health.account;
+        return QChar(health.isFantastical ? u'f' : u's') + health.account + u'/' + health.folder;
     }
     [[nodiscard]] QString key() const { return keyOf(health); }
     bool operator==(const CalendarAccount &) const = default;

@@ -72,10 +72,12 @@ void DashboardWindow::open()
 // server.
 bool DashboardWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    if (!m_view || watched != m_view->window.get() || event->type() != QEvent::Close)
+    if (event->type() != QEvent::Close)
         return false;
     event->ignore();
-    close();
+    // One that is closing already is let go in its own time.
+    if (m_view && watched == m_view->window.get())
+        close();
     return true;
 }
 
@@ -86,7 +88,6 @@ void DashboardWindow::close()
     m_size = m_view->window->size();
     m_section = m_view->dashboard.section();
     View *view = m_closing.emplace_back(std::move(m_view)).get();
-    view->window->removeEventFilter(this);
     m_settle(*view->window, [self = QPointer(this), view] {
         if (self)
             self->discard(view);

@@ -23,8 +23,8 @@ Rectangle {
 
     function closeSheet() {
         dashboard.closeSheet();
-        if (lastFocus)
-            lastFocus.forceActiveFocus(Qt.PopupFocusReason);
+        const place = lastFocus?.visible ? lastFocus : body;
+        place.forceActiveFocus(Qt.PopupFocusReason);
     }
 
     color: Theme.canvas

@@ -16,6 +16,8 @@ Loader {
             setSource(view, properties);
     }
 
+    // Else what was in use on it would still get the keys.
+    enabled: visible
     onVisibleChanged: make()
     Component.onCompleted: make()
 }

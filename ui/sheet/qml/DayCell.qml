@@ -19,10 +19,12 @@ T.RadioButton {
 
     objectName: "day"
     enabled: selectable
-    checked: chosen
+    checkable: false
     autoExclusive: false
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
+    Accessible.checkable: true
+    Accessible.checked: chosen
     Accessible.name: name
     Accessible.description: today ? qsTr("Today") : ""
 
