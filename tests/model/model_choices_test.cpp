@@ -29,8 +29,10 @@ private Q_SLOTS:
     void aChoiceThatDidNotReachTheServerIsToldOf();
     void anotherCopysChoiceCountsHere();
     void anAddedMeetingAlertsAndSurvivesARestart();
+    void whatACalendarHoldsTooAlertsOnceItIsAdded();
     void aMeetingThatIsRefusedLeavesNothing();
     void aKeyringLockedAtLoginKeepsItsMeetings();
+    void aDeclinedKeyringIsNotAskedAgainForTenMinutes();
     void aDeletedMeetingIsGoneWhileItsAlertIsUp();
     void aDeletedMeetingDoesNotComeBackFromTheServer();
     void aLinkIsOpenedOrToldOf();
@@ -187,6 +189,18 @@ void ModelChoicesTest::anAddedMeetingAlertsAndSurvivesARestart()
     QCOMPARE(f->shown(), meeting.id);
 }
 
+void ModelChoicesTest::whatACalendarHoldsTooAlertsOnceItIsAdded()
+{
+    // Of two that are the same either may be kept.
+    constexpr int count = 8;
+    for (int i = 1; i <= count; ++i)
+        f->store->add(u"Coffee"_s, noon + 3600 * i, QString());
+    start();
+    for (int i = 1; i <= count; ++i)
+        QCoro::waitFor(f->model->addMeeting(u"Coffee"_s, noon + 3600 * i, 30, QString()));
+    QCOMPARE(f->model->scheduledMeetings().size(), std::size_t(count));
+}
+
 void ModelChoicesTest::aMeetingThatIsRefusedLeavesNothing()
 {
     start();
@@ -223,6 +237,22 @@ void ModelChoicesTest::aKeyringLockedAtLoginKeepsItsMeetings()
     f->refresh();
     QTRY_VERIFY(f->keyring.values[Secrets::manualMeetings].contains("Tea"));
     QVERIFY(!f->model->notice());
+}
+
+void ModelChoicesTest::aDeclinedKeyringIsNotAskedAgainForTenMinutes()
+{
+    f->keyring.refused = {u"manual-meetings"_s};
+    start();
+    QCoro::waitFor(f->model->addMeeting(u"Coffee"_s, noon + 5000, 30, QString()));
+    QCOMPARE(f->keyring.written, QStringList{u"manual-meetings"_s});
+    f->clock.time = noon + 300;
+    f->refresh();
+    QCOMPARE(f->keyring.written.size(), 1);
+    f->keyring.refused.clear();
+    f->clock.time = noon + 700;
+    f->refresh();
+    QTRY_VERIFY(f->keyring.values[Secrets::manualMeetings].contains("Coffee"));
+    QTRY_VERIFY(!f->model->notice());
 }
 
 void ModelChoicesTest::aDeletedMeetingIsGoneWhileItsAlertIsUp()

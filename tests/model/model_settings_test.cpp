@@ -30,6 +30,7 @@ private Q_SLOTS:
     void onlyAnAddressOfUseIsStored_data();
     void onlyAnAddressOfUseIsStored();
     void aServerThatIsSavedIsAskedAtOnce();
+    void aTokenThatIsNotStoredLeavesTheServer();
     void aTestTellsHowItEnded_data();
     void aTestTellsHowItEnded();
     void thePhoneIsAsWellAsItsLastMessage();
@@ -166,6 +167,17 @@ void ModelSettingsTest::aServerThatIsSavedIsAskedAtOnce()
     QVERIFY(f->model->serverConfigured());
     QCoro::waitFor(f->model->saveServer(QString(), {}));
     QTRY_COMPARE(f->model->cloudStatus(), u"Local only. Phone delivery stops while this Mac sleeps."_s);
+}
+
+void ModelSettingsTest::aTokenThatIsNotStoredLeavesTheServer()
+{
+    start();
+    QCoro::waitFor(f->model->saveServer(u"https://one.example"_s, {.serverToken = QString(32, u's')}));
+    f->keyring.refused = {u"server-token"_s};
+    const SettingsOutcome outcome =
+        QCoro::waitFor(f->model->saveServer(u"https://two.example"_s, {.serverToken = QString(32, u't')}));
+    QCOMPARE(outcome.text, u"Keychain could not save the credentials."_s);
+    QCOMPARE(f->preferences.serverURL(), u"https://one.example"_s);
 }
 
 void ModelSettingsTest::aTestTellsHowItEnded_data()
