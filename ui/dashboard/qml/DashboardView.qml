@@ -27,7 +27,15 @@ Rectangle {
         place.forceActiveFocus(Qt.PopupFocusReason);
     }
 
+    function showSheet() {
+        if (dashboard.sheetOpen)
+            sheet.setSource("qrc:/Quorvane/Sheet/AddMeetingSheet.qml", { form: dashboard.sheet });
+        else
+            sheet.source = "";
+    }
+
     color: Theme.canvas
+    Component.onCompleted: showSheet()
 
     FocusScope {
         id: body
@@ -75,10 +83,7 @@ Rectangle {
         target: view.dashboard
 
         function onSheetOpenChanged() {
-            if (view.dashboard.sheetOpen)
-                sheet.setSource("qrc:/Quorvane/Sheet/AddMeetingSheet.qml", { form: view.dashboard.sheet });
-            else
-                sheet.source = "";
+            view.showSheet();
         }
     }
 
