@@ -5,6 +5,7 @@
 
 #include "async/Launch.h"
 #include "core/AlertPolicy.h"
+#include "core/UnixTime.h"
 
 #include <QLoggingCategory>
 #include <QPointer>
@@ -164,7 +165,7 @@ void AppModel::previewAlert()
 
 void AppModel::pauseAlerts()
 {
-    setPausedUntil(QDateTime::fromMSecsSinceEpoch(std::llround((now() + pauseLength) * 1000)));
+    setPausedUntil(UnixTime::moment(now() + pauseLength));
     m_services.overlay.close();
 }
 
@@ -175,7 +176,7 @@ void AppModel::resumeAlerts()
 
 void AppModel::expirePause()
 {
-    if (m_pausedUntil && static_cast<double>(m_pausedUntil->toMSecsSinceEpoch()) / 1000 <= now())
+    if (m_pausedUntil && UnixTime::seconds(*m_pausedUntil) <= now())
         setPausedUntil(std::nullopt);
 }
 
@@ -184,7 +185,7 @@ void AppModel::expirePause()
 void AppModel::mendTimes()
 {
     mendPhoneTimes();
-    const QDateTime latest = QDateTime::fromMSecsSinceEpoch(std::llround((now() + pauseLength) * 1000));
+    const QDateTime latest = UnixTime::moment(now() + pauseLength);
     if (m_pausedUntil && *m_pausedUntil > latest)
         setPausedUntil(latest);
     for (const Meeting &meeting : m_scheduledMeetings) {

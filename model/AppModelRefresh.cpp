@@ -5,13 +5,13 @@
 
 #include "async/Launch.h"
 #include "calendars/records/FantasticalCache.h"
+#include "core/UnixTime.h"
 #include "model/SourceStatus.h"
 
 #include <QFileInfo>
 #include <QPointer>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -45,7 +45,7 @@ QCoro::Task<> AppModel::refresh()
 void AppModel::endRefresh()
 {
     m_turns.end();
-    m_lastRefresh = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
+    m_lastRefresh = UnixTime::moment(now());
     describeSources();
     mendTimes();
     if (!m_isSaved)
@@ -101,7 +101,7 @@ QCoro::Task<> AppModel::readFantastical(QStringList excluded)
     const std::vector<CalendarOption> before = fantasticalCalendars();
     m_fantastical.take(std::move(outcome), now());
     if (m_fantastical.isConnected())
-        m_lastSuccessfulRead = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
+        m_lastSuccessfulRead = UnixTime::moment(now());
     if (before != fantasticalCalendars())
         Q_EMIT calendarsChanged();
     applyReading();
@@ -115,7 +115,7 @@ void AppModel::applyStores()
     if (std::exchange(m_calendars, reader.calendars()) != m_calendars)
         Q_EMIT calendarsChanged();
     if (m_calendarAccess && reader.problems().empty())
-        m_lastSuccessfulRead = QDateTime::fromMSecsSinceEpoch(std::llround(now() * 1000));
+        m_lastSuccessfulRead = UnixTime::moment(now());
     applyReading();
 }
 

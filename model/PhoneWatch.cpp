@@ -3,6 +3,8 @@
 
 #include "model/PhoneWatch.h"
 
+#include "core/UnixTime.h"
+
 #include <QPointer>
 
 #include <cmath>
@@ -42,7 +44,7 @@ void PhoneWatch::noteTest(Delivery delivery, double now)
     PhoneHealth health = m_health;
     health.state = delivery == Delivery::delivered ? PhoneHealth::State::ready : PhoneHealth::State::failed;
     if (delivery == Delivery::delivered)
-        health.testedAt = QDateTime::fromMSecsSinceEpoch(std::llround(now * 1000));
+        health.testedAt = UnixTime::moment(now);
     assume(health);
 }
 

@@ -3,10 +3,11 @@
 
 #include "model/SourceList.h"
 
+#include "core/UnixTime.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +19,7 @@ using State = SourceHealth::State;
 
 std::optional<QDateTime> dateOf(const std::optional<double> &time)
 {
-    return time ? std::optional(QDateTime::fromMSecsSinceEpoch(std::llround(*time * 1000))) : std::nullopt;
+    return time ? std::optional(UnixTime::moment(*time)) : std::nullopt;
 }
 
 bool isBelow(const QString &calendarId, const QString &folder)

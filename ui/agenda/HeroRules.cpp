@@ -3,6 +3,7 @@
 
 #include "ui/agenda/HeroRules.h"
 
+#include "core/UnixTime.h"
 #include "ui/agenda/AgendaRows.h"
 #include "ui/agenda/AgendaText.h"
 #include "ui/format/MeetingFormat.h"
@@ -69,8 +70,7 @@ void setLight(HeroFace &face, const std::optional<QDateTime> &pausedUntil)
     if (!face.alerts)
         face.chip = u"Alert off"_s;
     else if (pausedUntil)
-        face.chip = u"Alerts paused until "_s +
-                    MeetingFormat::clockTime(static_cast<double>(pausedUntil->toMSecsSinceEpoch()) / 1000);
+        face.chip = u"Alerts paused until "_s + MeetingFormat::clockTime(UnixTime::seconds(*pausedUntil));
 }
 
 } // namespace

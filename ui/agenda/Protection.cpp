@@ -3,6 +3,7 @@
 
 #include "ui/agenda/Protection.h"
 
+#include "core/UnixTime.h"
 #include "model/AppModel.h"
 #include "ui/format/MeetingFormat.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 QString clockText(const QDateTime &time)
 {
-    return MeetingFormat::clockTime(static_cast<double>(time.toMSecsSinceEpoch()) / 1000);
+    return MeetingFormat::clockTime(UnixTime::seconds(time));
 }
 
 } // namespace

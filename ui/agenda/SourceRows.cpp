@@ -4,6 +4,7 @@
 #include "ui/agenda/SourceRows.h"
 
 #include "async/Launch.h"
+#include "core/UnixTime.h"
 #include "model/AppModel.h"
 #include "ui/agenda/AgendaText.h"
 
@@ -36,7 +37,7 @@ SourceRow rowOf(const SourceHealth &source, double now, const QString &fantastic
     row.name = source.account;
     row.state = stateText(source);
     if (source.lastRead)
-        row.ago = AgendaText::ago(now - static_cast<double>(source.lastRead->toMSecsSinceEpoch()) / 1000);
+        row.ago = AgendaText::ago(now - UnixTime::seconds(*source.lastRead));
     if (source.isFantastical)
         row.detail = fantasticalStatus;
     row.spoken = AgendaText::spoken({row.name, row.state, row.ago});

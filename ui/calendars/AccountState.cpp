@@ -3,6 +3,7 @@
 
 #include "ui/calendars/AccountState.h"
 
+#include "core/UnixTime.h"
 #include "ui/format/MeetingFormat.h"
 
 #include <QCoreApplication>
@@ -18,22 +19,17 @@ QString tr(const char *text)
     return QCoreApplication::translate("AccountState", text);
 }
 
-double unixTime(const QDateTime &time)
-{
-    return static_cast<double>(time.toMSecsSinceEpoch()) / 1000;
-}
-
 QString moment(const QDateTime &time, double now)
 {
-    const QDate today = QDateTime::fromMSecsSinceEpoch(std::llround(now * 1000)).date();
+    const QDate today = UnixTime::moment(now).date();
     const QDate date = time.toLocalTime().date();
-    const QString clock = MeetingFormat::clockTime(unixTime(time));
+    const QString clock = MeetingFormat::clockTime(UnixTime::seconds(time));
     return date == today ? clock : tr("%1 %2").arg(MeetingFormat::dayTitle(date, today), clock);
 }
 
 QString age(const QDateTime &time, double now)
 {
-    const auto minutes = static_cast<qint64>((now - unixTime(time)) / 60);
+    const auto minutes = static_cast<qint64>((now - UnixTime::seconds(time)) / 60);
     if (minutes < 1)
         return tr("just now");
     if (minutes < 60)

@@ -4,6 +4,7 @@
 #include "ui/dashboard/Banner.h"
 
 #include "async/Launch.h"
+#include "core/UnixTime.h"
 #include "ui/dashboard/SidebarStatus.h"
 #include "ui/format/MeetingFormat.h"
 
@@ -92,9 +93,8 @@ QString Banner::trouble() const
     const auto ill = std::ranges::find(sources, SourceHealth::State::failing, &SourceHealth::state);
     if (!ill->lastRead)
         return tr("%1 could not be read. Other meetings still alert.").arg(ill->account);
-    const double lastRead = static_cast<double>(ill->lastRead->toSecsSinceEpoch());
     return tr("%1 did not answer. Its alerts use the schedule from %2.")
-        .arg(ill->account, MeetingFormat::clockTime(lastRead));
+        .arg(ill->account, MeetingFormat::clockTime(UnixTime::seconds(*ill->lastRead)));
 }
 
 } // namespace quorvane

@@ -3,13 +3,13 @@
 
 #include "ui/dashboard/SidebarStatus.h"
 
+#include "core/UnixTime.h"
 #include "model/AppModel.h"
 #include "ui/format/MeetingFormat.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <cmath>
 
 namespace quorvane {
 
@@ -20,20 +20,10 @@ QString tr(const char *text)
     return QCoreApplication::translate("SidebarStatus", text);
 }
 
-double unixTime(const QDateTime &time)
-{
-    return static_cast<double>(time.toMSecsSinceEpoch()) / 1000;
-}
-
-QDate dateOf(double time)
-{
-    return QDateTime::fromMSecsSinceEpoch(std::llround(time * 1000)).date();
-}
-
 QString lineOf(const SidebarStatus::Facts &facts, qsizetype failing)
 {
     if (facts.pausedUntil)
-        return tr("Paused until %1").arg(MeetingFormat::clockTime(unixTime(*facts.pausedUntil)));
+        return tr("Paused until %1").arg(MeetingFormat::clockTime(UnixTime::seconds(*facts.pausedUntil)));
     if (failing == 1)
         return tr("One source needs you");
     if (failing > 1)
@@ -51,11 +41,11 @@ QString detailOf(const SidebarStatus::Facts &facts)
     if (next == facts.scheduledMeetings.end())
         return facts.calendars == 0 ? tr("No calendar yet") : tr("No alert ahead");
     const double at = alertTime(*next);
-    const QDate today = dateOf(facts.now);
+    const QDate today = UnixTime::moment(facts.now).date();
     const QString clock = MeetingFormat::clockTime(at);
-    if (dateOf(at) == today)
+    if (UnixTime::moment(at).date() == today)
         return tr("Next alert at %1").arg(clock);
-    return tr("Next alert: %1, %2").arg(MeetingFormat::dayTitle(dateOf(at), today), clock);
+    return tr("Next alert: %1, %2").arg(MeetingFormat::dayTitle(UnixTime::moment(at).date(), today), clock);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "ui/settings/AlertSettings.h"
 
+#include "core/UnixTime.h"
 #include "model/AppModel.h"
 #include "ui/format/MeetingFormat.h"
 
@@ -34,8 +35,7 @@ bool AlertSettings::isPaused() const
 QString AlertSettings::pauseNote() const
 {
     const auto &until = m_model.pausedUntil();
-    return until ? tr("Paused until %1.")
-                       .arg(MeetingFormat::clockTime(static_cast<double>(until->toSecsSinceEpoch())))
+    return until ? tr("Paused until %1.").arg(MeetingFormat::clockTime(UnixTime::seconds(*until)))
                  : QString();
 }
 

@@ -3,6 +3,7 @@
 
 #include "ui/settings/PhoneSettings.h"
 
+#include "core/UnixTime.h"
 #include "model/AppModel.h"
 #include "ui/format/MeetingFormat.h"
 #include "ui/settings/FieldRules.h"
@@ -43,7 +44,7 @@ QString PhoneSettings::lastTest() const
         return tr("Last message failed");
     if (health.state != PhoneHealth::State::ready || !health.testedAt)
         return {};
-    const double testedAt = static_cast<double>(health.testedAt->toSecsSinceEpoch());
+    const double testedAt = UnixTime::seconds(*health.testedAt);
     const QDate today = QDateTime::fromSecsSinceEpoch(static_cast<qint64>(m_model.now())).date();
     const QDate day = health.testedAt->toLocalTime().date();
     return day == today ? tr("Delivered %1").arg(MeetingFormat::clockTime(testedAt))
