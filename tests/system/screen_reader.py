@@ -110,14 +110,14 @@ class ScreenReader:
 
     def _below(self, accessible, path):
         for index in range(accessible.get_child_count()):
-            child = accessible.get_child_at_index(index)
-            if child is None:
-                continue
-            seen = Control(child, (*path, index))
-            if seen.is_showing:
-                yield seen
-                yield from self._below(child, seen.path)
-
+            try:
+                child = accessible.get_child_at_index(index)
+                seen = Control(child, (*path, index)) if child else None
+                if seen and seen.is_showing:
+                    yield seen
+                    yield from self._below(child, seen.path)
+            except GLib.Error:
+                continue  # it has left while it was looked at
     def controls(self):
         return [seen for seen in self.objects() if seen.is_control]
 
