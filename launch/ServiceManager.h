@@ -12,8 +12,8 @@
 namespace quorvane {
 
 /// The user's service manager, as far as it concerns the agent: the service that keeps this program running
-/// for as long as the user is logged in and starts it again after a crash. Every call asks anew and blocks, at
-/// most for some seconds; it needs no event loop.
+/// for as long as the user is logged in and starts it again after a crash. Every call asks anew and blocks,
+/// at most for some seconds; it needs no event loop.
 class ServiceManager
 {
 public:
