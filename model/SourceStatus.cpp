@@ -33,24 +33,6 @@ QString withoutAccess(const std::vector<StoreProblem> &problems)
                : u"Calendar access failed. Check Privacy & Security > Calendars."_s;
 }
 
-QString failureText(const std::error_code &error)
-{
-    if (error == FantasticalReadError::helperMissing)
-        return u"Calendar reader is missing. Reinstall Quorvane or connect Apple Calendar."_s;
-    if (error == FantasticalReadError::accessDenied)
-        return u"Fantastical access was denied. Connect Apple Calendar to read your meetings."_s;
-    if (error == FantasticalReadError::databaseUnavailable)
-        return u"Fantastical’s calendar cache cannot be opened. Check Quorvane’s access in macOS Privacy & "
-               "Security, then refresh."_s;
-    if (error == FantasticalReadError::unsupportedFormat)
-        return u"Fantastical’s calendar format changed. Connect Apple Calendar."_s;
-    if (error == FantasticalReadError::helperFailed)
-        return u"The Fantastical reader could not run. Connect Apple Calendar or retry."_s;
-    if (error == FantasticalReadError::invalidData)
-        return u"Fantastical returned an unreadable calendar. Retry or connect Apple Calendar."_s;
-    return u"Calendar read failed. Retry or connect Apple Calendar."_s;
-}
-
 QString connectedText(const FantasticalSnapshot &snapshot, double now)
 {
     if (snapshot.skipped > 0)
@@ -83,7 +65,26 @@ QString fantasticalLine(const FantasticalSource &source, bool calendarAccess, do
         return {};
     return calendarAccess
                ? u"Apple Calendar connected. Fantastical access is blocked; saved meetings are retained."_s
-               : failureText(source.failure());
+               : readFailure(source.failure())
+                     .value_or(u"Calendar read failed. Retry or connect Apple Calendar."_s);
+}
+
+std::optional<QString> readFailure(const std::error_code &error)
+{
+    if (error == FantasticalReadError::helperMissing)
+        return u"Calendar reader is missing. Reinstall Quorvane or connect Apple Calendar."_s;
+    if (error == FantasticalReadError::accessDenied)
+        return u"Fantastical access was denied. Connect Apple Calendar to read your meetings."_s;
+    if (error == FantasticalReadError::databaseUnavailable)
+        return u"Fantastical’s calendar cache cannot be opened. Check Quorvane’s access in macOS Privacy & "
+               "Security, then refresh."_s;
+    if (error == FantasticalReadError::unsupportedFormat)
+        return u"Fantastical’s calendar format changed. Connect Apple Calendar."_s;
+    if (error == FantasticalReadError::helperFailed)
+        return u"The Fantastical reader could not run. Connect Apple Calendar or retry."_s;
+    if (error == FantasticalReadError::invalidData)
+        return u"Fantastical returned an unreadable calendar. Retry or connect Apple Calendar."_s;
+    return std::nullopt;
 }
 
 } // namespace quorvane::SourceStatus

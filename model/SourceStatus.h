@@ -9,6 +9,8 @@
 #include <QString>
 
 #include <cstddef>
+#include <optional>
+#include <system_error>
 #include <vector>
 
 /// The words in which the state of the calendar sources is told.
@@ -30,5 +32,8 @@ struct Summary
 
 /// The line of the second source at Unix time `now`; empty before its first reading has ended.
 [[nodiscard]] QString fantasticalLine(const FantasticalSource &source, bool calendarAccess, double now);
+
+/// What is said of a `FantasticalReadError`; absent for any other error.
+[[nodiscard]] std::optional<QString> readFailure(const std::error_code &error);
 
 } // namespace quorvane::SourceStatus

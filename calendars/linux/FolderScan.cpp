@@ -164,16 +164,20 @@ bool FolderScan::isFirstVisit(const std::string &path)
     return ::stat(path.c_str(), &state) != 0 || m_visited.emplace(state.st_dev, state.st_ino).second;
 }
 
+QString FolderScan::nameOf(const std::string &folder)
+{
+    const QString own = markText(folder, "displayname");
+    return own.isEmpty() ? baseName(folder) : own;
+}
+
 void FolderScan::addFolderCalendar(const std::string &path, Listing &listing, const QString &account)
 {
     const QString canonical =
         QFileInfo(QFile::decodeName(QByteArray::fromStdString(path))).canonicalFilePath();
     const std::string folder = QFile::encodeName(canonical).toStdString();
-    const QString own = markText(folder, "displayname");
     listing.files.resize(std::min(listing.files.size(), mostFiles - m_fileCount));
     m_fileCount += listing.files.size();
-    m_calendars.push_back({idOf(folder), own.isEmpty() ? baseName(path) : own, account, folder,
-                           std::move(listing.files), false,
+    m_calendars.push_back({idOf(folder), nameOf(path), account, folder, std::move(listing.files), false,
                            CalendarColor::normalized(markText(folder, "color"))});
 }
 

@@ -64,6 +64,8 @@ public:
     [[nodiscard]] const std::vector<FolderCalendar> &calendars() const { return m_calendars; }
     /// Whether at least one root could be listed.
     [[nodiscard]] bool anyRootListed() const { return m_anyRootListed; }
+    /// The name of a folder's calendar, which need not exist yet.
+    [[nodiscard]] static QString nameOf(const std::string &folder);
     /// Canonical paths of folders that are there and could not be listed.
     [[nodiscard]] const std::vector<std::string> &unlisted() const { return m_unlisted; }
 

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "calendars/EventWriter.h"
+#include "calendars/linux/BoundedWorker.h"
+
+#include <memory>
+
+namespace quorvane {
+
+/// New events go to the default calendar of the desktop's accounts, as Evolution Data Server knows it; where
+/// the service is not installed, or that calendar is switched off or takes no events, there is none. Nobody
+/// is sent an invitation.
+class EvolutionEventWriter final : public EventWriter
+{
+public:
+    explicit EvolutionEventWriter(BoundedWorker::Limit limit = BoundedWorker::defaultLimit);
+    ~EvolutionEventWriter() override;
+
+    [[nodiscard]] QCoro::Task<Result<std::optional<QString>>> defaultCalendar() override;
+    [[nodiscard]] QCoro::Task<Result<void>> add(NewEvent event) override;
+
+private:
+    class Session;
+
+    std::shared_ptr<Session> m_session;
+    BoundedWorker m_worker;
+};
+
+} // namespace quorvane
