@@ -21,6 +21,7 @@ const QString soundKey = u"soundEnabled"_s;
 const QString calendarFoldersKey = u"calendarFolders"_s;
 const QString ownAddressesKey = u"ownAddresses"_s;
 const QString fantasticalFolderKey = u"fantasticalFolderBookmark"_s;
+const QString trayHintKey = u"trayHintShown"_s;
 
 } // namespace
 
@@ -143,6 +144,16 @@ QString Preferences::fantasticalFolder() const
 Result<void> Preferences::setFantasticalFolder(const QString &folder)
 {
     return write(fantasticalFolderKey, folder);
+}
+
+bool Preferences::trayHintShown() const
+{
+    return text(trayHintKey).compare("true"_L1, Qt::CaseInsensitive) == 0;
+}
+
+Result<void> Preferences::rememberTrayHint()
+{
+    return write(trayHintKey, true);
 }
 
 Result<void> Preferences::write(const QString &key, const QVariant &value)

@@ -70,6 +70,10 @@ public:
     [[nodiscard]] QString fantasticalFolder() const;
     [[nodiscard]] Result<void> setFantasticalFolder(const QString &folder);
 
+    /// Whether the user was told that this desktop has no place for a tray icon ("trayHintShown").
+    [[nodiscard]] bool trayHintShown() const;
+    [[nodiscard]] Result<void> rememberTrayHint();
+
 private:
     [[nodiscard]] QStringList list(const QString &key) const;
     [[nodiscard]] QString text(const QString &key) const;

@@ -99,4 +99,9 @@ std::vector<SourceHealth> of(const Situation &situation)
     return list;
 }
 
+qsizetype failing(const std::vector<SourceHealth> &sources)
+{
+    return std::ranges::count(sources, State::failing, &SourceHealth::state);
+}
+
 } // namespace quorvane::SourceList

@@ -31,4 +31,7 @@ struct Situation
 /// is as well as the worst of them. A store that is not installed has none.
 [[nodiscard]] std::vector<SourceHealth> of(const Situation &situation);
 
+/// Number of the accounts that the user has to look after.
+[[nodiscard]] qsizetype failing(const std::vector<SourceHealth> &sources);
+
 } // namespace quorvane::SourceList

@@ -5,7 +5,7 @@
 
 #include "async/Launch.h"
 #include "core/UnixTime.h"
-#include "ui/dashboard/SidebarStatus.h"
+#include "model/SourceList.h"
 #include "ui/format/MeetingFormat.h"
 
 #include <algorithm>
@@ -85,7 +85,7 @@ void Banner::leaveLater()
 QString Banner::trouble() const
 {
     const std::vector<SourceHealth> sources = m_model.sources();
-    const qsizetype count = SidebarStatus::failing(sources);
+    const qsizetype count = SourceList::failing(sources);
     if (count == 0)
         return {};
     if (count > 1)

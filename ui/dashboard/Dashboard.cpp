@@ -4,6 +4,7 @@
 #include "ui/dashboard/Dashboard.h"
 
 #include "async/Launch.h"
+#include "model/SourceList.h"
 
 #include <algorithm>
 
@@ -65,7 +66,7 @@ void Dashboard::updateStatus()
                                                     .sources = sources,
                                                     .calendars = watchedCalendars(),
                                                     .scheduledMeetings = m_model.scheduledMeetings()});
-    const int attentionCount = static_cast<int>(SidebarStatus::failing(sources));
+    const int attentionCount = static_cast<int>(SourceList::failing(sources));
     if (status == m_status && attentionCount == m_attentionCount)
         return;
     m_status = status;

@@ -5,6 +5,7 @@
 
 #include "core/UnixTime.h"
 #include "model/AppModel.h"
+#include "model/SourceList.h"
 #include "ui/format/MeetingFormat.h"
 
 #include <QCoreApplication>
@@ -50,14 +51,9 @@ QString detailOf(const SidebarStatus::Facts &facts)
 
 } // namespace
 
-qsizetype SidebarStatus::failing(const std::vector<SourceHealth> &sources)
-{
-    return std::ranges::count(sources, SourceHealth::State::failing, &SourceHealth::state);
-}
-
 SidebarStatus SidebarStatus::of(const Facts &facts)
 {
-    const qsizetype count = failing(facts.sources);
+    const qsizetype count = SourceList::failing(facts.sources);
     return {lineOf(facts, count), detailOf(facts), facts.pausedUntil || count > 0};
 }
 

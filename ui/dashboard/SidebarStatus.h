@@ -36,9 +36,6 @@ struct SidebarStatus
     bool operator==(const SidebarStatus &) const = default;
 
     [[nodiscard]] static SidebarStatus of(const Facts &facts);
-
-    /// Number of the accounts that the user has to look after.
-    [[nodiscard]] static qsizetype failing(const std::vector<SourceHealth> &sources);
 };
 
 } // namespace quorvane
