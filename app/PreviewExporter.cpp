@@ -147,7 +147,7 @@ Result<void> exportTo(const QString &folder)
     if (!QDir().mkpath(folder))
         return Failure(make_error_code(PreviewError::folderUnavailable));
     const StoppedClock clock;
-    const QuorvaneApp app({u"--preview"_s}, QProcessEnvironment::systemEnvironment(), clock);
+    QuorvaneApp app({u"--preview"_s}, QProcessEnvironment::systemEnvironment(), clock);
     for (const PreviewScenes::WindowScene &scene : PreviewScenes::window()) {
         if (const auto written = write(folder, scene.name, picture(app.model(), scene)); !written)
             return written;

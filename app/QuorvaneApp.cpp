@@ -11,12 +11,13 @@
 #include "alert/linux/FrameSettler.h"
 #include "alert/linux/XdgLinkOpener.h"
 #include "app/ProgramResources.h"
-#include "app/ServiceStart.h"
 #include "app/UserFolders.h"
 #include "calendars/linux/DesktopFolderChooser.h"
 #include "calendars/linux/EvolutionStore.h"
 #include "calendars/linux/FolderStore.h"
 #include "calendars/linux/PortalFolderChooser.h"
+#include "instance/linux/WindowActivation.h"
+#include "launch/linux/ServiceStart.h"
 #include "model/linux/SecondTicker.h"
 #include "model/linux/SystemWakeSource.h"
 #include "model/linux/TimerSlackActivities.h"
@@ -27,6 +28,7 @@
 #include "ui/components/Appearance.h"
 #include "ui/components/linux/DesktopAppearance.h"
 #include "ui/dialogs/QuickFolderChooser.h"
+#include "ui/settings/PackagedUpdates.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -78,11 +80,6 @@ NetworkSetup networkSetup(Secrets &secrets, const Preferences &preferences, cons
     };
 }
 
-AppModel::Mode modeOf(const QStringList &arguments)
-{
-    return arguments.contains(u"--preview"_s) ? AppModel::Mode::preview : AppModel::Mode::live;
-}
-
 } // namespace
 
 /// In the order in which they are built; each uses only what stands above it.
@@ -124,6 +121,20 @@ struct QuorvaneApp::Parts
 QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment,
                          const Clock &clock)
     : m_parts(std::make_unique<Parts>(environment, clock))
+    , m_delegate(arguments, [this](AppModel::Mode mode) { return makeModel(mode); })
+    , m_updates(std::make_unique<PackagedUpdates>())
+{
+    m_delegate.applicationDidFinishLaunching();
+    m_dashboard = std::make_unique<DashboardWindow>(model(), m_parts->appearance, m_updates.get(),
+                                                    FrameSettler::whenSettled);
+    followMotion();
+    // A window that is looked at once a day must not weigh on the rest of it.
+    QObject::connect(m_dashboard.get(), &DashboardWindow::closed, &returnUnusedMemory);
+}
+
+QuorvaneApp::~QuorvaneApp() = default;
+
+std::unique_ptr<AppModel> QuorvaneApp::makeModel(AppModel::Mode mode)
 {
     const AppModelServices services{
         .calendarReader = m_parts->calendarReader,
@@ -145,32 +156,40 @@ QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment
                 store.use(QStringList{UserFolders::calendarFolder()} + folders, ownAddresses);
             },
     };
-    m_model = std::make_unique<AppModel>(modeOf(arguments), services);
-    m_dashboard =
-        std::make_unique<DashboardWindow>(*m_model, m_parts->appearance, nullptr, FrameSettler::whenSettled);
-    const auto followMotion = [parts = m_parts.get()] {
-        parts->appearance.setReduceMotion(parts->motion.reduceMotion());
-    };
-    QObject::connect(&m_parts->motion, &MotionPreference::changed, &m_parts->appearance, followMotion);
-    followMotion();
-    // A window that is looked at once a day must not weigh on the rest of it.
-    QObject::connect(m_dashboard.get(), &DashboardWindow::closed, &returnUnusedMemory);
+    return std::make_unique<AppModel>(mode, services);
 }
 
-QuorvaneApp::~QuorvaneApp() = default;
+void QuorvaneApp::followMotion()
+{
+    const auto follow = [parts = m_parts.get()] {
+        parts->appearance.setReduceMotion(parts->motion.reduceMotion());
+    };
+    QObject::connect(&m_parts->motion, &MotionPreference::changed, &m_parts->appearance, follow);
+    follow();
+}
 
 void QuorvaneApp::show(const QStringList &arguments)
 {
     const bool wantsAlert = arguments.contains(u"--preview-overlay"_s);
     if (isStartedAsService()) {
         if (wantsAlert)
-            m_model->previewAlert();
+            model().previewAlert();
         return;
     }
     if (wantsAlert)
-        QObject::connect(m_dashboard.get(), &DashboardWindow::painted, m_model.get(), &AppModel::previewAlert,
+        QObject::connect(m_dashboard.get(), &DashboardWindow::painted, &model(), &AppModel::previewAlert,
                          Qt::SingleShotConnection);
     m_dashboard->open();
+}
+
+void QuorvaneApp::activate(const Activation &activation)
+{
+    if (activation.wish == Activation::Wish::nothing)
+        return;
+    allowWindow(activation);
+    m_dashboard->open();
+    if (activation.wish == Activation::Wish::windowAndSampleAlert)
+        model().previewAlert();
 }
 
 void QuorvaneApp::reportTo(std::FILE *terminal)
@@ -183,7 +202,7 @@ void QuorvaneApp::reportTo(std::FILE *terminal)
         std::fflush(terminal);
     };
     const auto printStatus = [this, print, last = QStringList()]() mutable {
-        const QStringList lines{m_model->status(), m_model->fantasticalStatus()};
+        const QStringList lines{model().status(), model().fantasticalStatus()};
         for (qsizetype i = 0; i < lines.size(); ++i) {
             if (lines[i] != last.value(i))
                 print(lines[i]);
@@ -191,11 +210,11 @@ void QuorvaneApp::reportTo(std::FILE *terminal)
         last = lines;
     };
     const auto printNotice = [this, print] {
-        if (const auto &notice = m_model->notice())
+        if (const auto &notice = model().notice())
             print(*notice);
     };
-    QObject::connect(m_model.get(), &AppModel::statusChanged, m_model.get(), printStatus);
-    QObject::connect(m_model.get(), &AppModel::noticeChanged, m_model.get(), printNotice);
+    QObject::connect(&model(), &AppModel::statusChanged, &model(), printStatus);
+    QObject::connect(&model(), &AppModel::noticeChanged, &model(), printNotice);
     printNotice(); // what came up before anybody listened
 }
 

@@ -3,8 +3,10 @@
 
 #pragma once
 
-#include "model/AppModel.h"
+#include "app/AppDelegate.h"
+#include "instance/Activation.h"
 #include "ui/dashboard/DashboardWindow.h"
+#include "ui/settings/UpdateSettings.h"
 
 #include <QProcessEnvironment>
 #include <QStringList>
@@ -19,16 +21,19 @@ namespace quorvane {
 class QuorvaneApp final
 {
 public:
-    /// `environment` is what programs that this one starts (the browser) get; take it before anything is set
-    /// for Qt. `clock` outlives the application.
+    /// `environment` is what programs that this one starts (the browser) get. `clock` outlives the
+    /// application.
     QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment, const Clock &clock);
     ~QuorvaneApp();
 
-    [[nodiscard]] AppModel &model() const { return *m_model; }
+    [[nodiscard]] AppModel &model() { return m_delegate.model(); }
 
     /// Shows what the user sees of a start: the dashboard, unless the program comes up with the session, and
     /// the sample alert if `arguments` ask for it.
     void show(const QStringList &arguments);
+
+    /// Shows what another start, or the desktop, asks for.
+    void activate(const Activation &activation);
 
     /// Tells in the terminal how things stand, for who started the program there.
     void reportTo(std::FILE *terminal);
@@ -36,8 +41,12 @@ public:
 private:
     struct Parts;
 
+    [[nodiscard]] std::unique_ptr<AppModel> makeModel(AppModel::Mode mode);
+    void followMotion();
+
     std::unique_ptr<Parts> m_parts;
-    std::unique_ptr<AppModel> m_model;
+    AppDelegate m_delegate;
+    std::unique_ptr<UpdateSettings> m_updates;
     std::unique_ptr<DashboardWindow> m_dashboard;
 };
 

@@ -3,19 +3,20 @@
 
 #include "app/QuorvaneCLI.h"
 
+#include "app/CommandLine.h"
+#include "app/CommandLineStreams.h"
 #include "app/PreviewExporter.h"
 
-#include <QGuiApplication>
-
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
 namespace {
+
+using Command = std::function<int()>;
 
 const QString previewFlag = u"--render-preview"_s;
 
@@ -28,49 +29,52 @@ std::optional<QString> valueOf(const QStringList &arguments, const QString &flag
     return arguments.at(at + 1);
 }
 
-int renderPreview(const QString &folder)
-{
-    int count = 1;
-    char name[] = "quorvane";
-    char *arguments[] = {name, nullptr};
-    const QGuiApplication application(count, arguments);
-    QGuiApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
-    const Result<void> exported = PreviewExporter::exportTo(folder);
-    // What the application's parts leave to an event loop that never ran.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    if (exported) {
-        std::puts("Synthetic previews rendered without displaying a window.");
-        return EXIT_SUCCESS;
-    }
-    // Its kind and no more: the reason may hold what is on this machine.
-    std::printf("Preview rendering failed: %sError\n", exported.error().category().name());
-    return PreviewExporter::failed;
-}
-
 int refuseUnknown()
 {
-    std::puts("Unknown or incomplete command. No application window was opened.");
+    CommandLineStreams::print(u"Unknown or incomplete command. No application window was opened."_s);
     return QuorvaneCLI::unknownCommand;
+}
+
+/// The first command that is there, wherever it stands; empty when the application is to start.
+Command commandIn(const QStringList &arguments)
+{
+    if (const auto folder = valueOf(arguments, previewFlag))
+        return [folder] { return CommandLine::renderPreviews(*folder); };
+    if (const auto account = valueOf(arguments, u"--set-secret"_s))
+        return [account] { return CommandLine::setSecret(*account); };
+    if (arguments.contains(u"--sync-now"_s))
+        return [] { return CommandLine::checkConnections(ConnectionCommand::Mode::sync); };
+    if (arguments.contains(u"--verify-connections"_s))
+        return [] { return CommandLine::checkConnections(ConnectionCommand::Mode::verify); };
+    if (arguments.contains(u"--disable-login-service"_s))
+        return CommandLine::disableLoginService;
+    if (arguments.contains(u"--enable-login"_s))
+        return CommandLine::enableLogin;
+    if (arguments.contains(u"--calendar-status"_s))
+        return CommandLine::tellCalendarStatus;
+    if (arguments.contains(u"--create-test-meeting"_s))
+        return CommandLine::createTestMeeting;
+    const QStringList applicationOptions{u"--preview"_s, u"--preview-overlay"_s};
+    const bool isUnknown = std::ranges::any_of(arguments, [&](const QString &argument) {
+        return argument.startsWith("--"_L1) && !applicationOptions.contains(argument);
+    });
+    return isUnknown ? refuseUnknown : Command();
 }
 
 } // namespace
 
 void QuorvaneCLI::prepare(const QStringList &arguments)
 {
+    if (commandIn(arguments))
+        CommandLineStreams::prepare();
     if (valueOf(arguments, previewFlag))
         PreviewExporter::prepare();
 }
 
 std::optional<int> QuorvaneCLI::run(const QStringList &arguments)
 {
-    if (const auto folder = valueOf(arguments, previewFlag))
-        return renderPreview(*folder);
-
-    const QStringList applicationOptions{u"--preview"_s, u"--preview-overlay"_s};
-    const bool unknown = std::ranges::any_of(arguments, [&](const QString &argument) {
-        return argument.startsWith("--"_L1) && !applicationOptions.contains(argument);
-    });
-    return unknown ? std::optional(refuseUnknown()) : std::nullopt;
+    const Command command = commandIn(arguments);
+    return command ? std::optional(command()) : std::nullopt;
 }
 
 } // namespace quorvane

@@ -9,7 +9,8 @@
 
 namespace quorvane {
 
-/// The command line of the executable: what it does instead of starting the application.
+/// The command line of the executable: what it does instead of starting the application. A command prints
+/// plain lines to standard output, nothing to standard error, opens no window and needs no display.
 class QuorvaneCLI final
 {
 public:
@@ -17,11 +18,12 @@ public:
     static constexpr int unknownCommand = 64;
 
     /// Sets the process up for the command in `arguments`. Call it first of all: Qt looks at the environment
-    /// once.
+    /// once, and files are opened where standard streams are missing.
     static void prepare(const QStringList &arguments);
 
     /// Handles `arguments` (without the program's own name). The exit status to end with, or absent when the
-    /// application is to start.
+    /// application is to start. Does not return from a command that waits for a service, which may still hold
+    /// a thread when its time is over.
     [[nodiscard]] static std::optional<int> run(const QStringList &arguments);
 };
 

@@ -3,6 +3,7 @@
 
 #include "app/UserFolders.h"
 
+#include <QDir>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -31,6 +32,13 @@ QString ledgerFile()
 QString calendarFolder()
 {
     return below(QStandardPaths::GenericDataLocation, u"calendars"_s);
+}
+
+// Not by QStandardPaths, which falls back to a folder that everybody may make.
+QString runtimeFolder()
+{
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    return QDir::isAbsolutePath(folder) ? folder : below(QStandardPaths::GenericDataLocation, {});
 }
 
 } // namespace quorvane::UserFolders

@@ -15,4 +15,7 @@ namespace quorvane::UserFolders {
 /// $XDG_DATA_HOME/Quorvane/calendars
 [[nodiscard]] QString calendarFolder();
 
+/// Where a running copy is found: $XDG_RUNTIME_DIR, or $XDG_DATA_HOME/Quorvane in a session without one.
+[[nodiscard]] QString runtimeFolder();
+
 } // namespace quorvane::UserFolders

@@ -2,10 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "alert/linux/DesktopPlatform.h"
+#include "app/AgentHandOver.h"
 #include "app/MemoryPrivacy.h"
 #include "app/QuitSignals.h"
 #include "app/QuorvaneApp.h"
 #include "app/QuorvaneCLI.h"
+#include "app/UserFolders.h"
+#include "instance/SingleInstance.h"
+#include "instance/linux/RuntimeFolderChannel.h"
+#include "instance/linux/SessionBusChannel.h"
+#include "launch/linux/ServiceNotifier.h"
+#include "launch/linux/ServiceStart.h"
 #include "model/linux/SystemClock.h"
 
 #include <QGuiApplication>
@@ -27,28 +34,61 @@ QStringList argumentsAfterName(int argc, char **argv)
     return arguments;
 }
 
+/// What the browser gets: nothing that was meant for this process alone.
+QProcessEnvironment environmentForOthers()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &name : {u"XDG_ACTIVATION_TOKEN"_s, u"DESKTOP_STARTUP_ID"_s, u"SYSTEMD_EXEC_PID"_s})
+        environment.remove(name);
+    return environment;
+}
+
+quorvane::Activation wishOf(const QStringList &arguments)
+{
+    quorvane::Activation activation = quorvane::Activation::ofStart(arguments);
+    if (quorvane::isStartedAsService())
+        activation.wish = quorvane::Activation::Wish::nothing;
+    return activation;
+}
+
 int runApplication(int argc, char **argv, const QStringList &arguments)
 {
-    const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    if (quorvane::preparePlatform() == quorvane::SessionKind::none &&
-        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    using namespace quorvane;
+    ServiceNotifier notifier;
+    const QProcessEnvironment environment = environmentForOthers();
+    const Activation activation = wishOf(arguments);
+    if (preparePlatform() == SessionKind::none && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         std::puts("Quorvane needs a display: start it inside a graphical session.");
         return EXIT_FAILURE;
     }
-    quorvane::QuitSignals quitSignals;
+    QuitSignals quitSignals;
     QGuiApplication application(argc, argv);
     quitSignals.listen();
     QGuiApplication::setApplicationName(u"Quorvane"_s);
     QGuiApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QGuiApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
-    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
 
-    const quorvane::SystemClock clock;
-    quorvane::QuorvaneApp quorvane(arguments, environment, clock);
+    SessionBusChannel bus;
+    RuntimeFolderChannel folder(UserFolders::runtimeFolder());
+    SingleInstance instance({&bus, &folder});
+    if (!arguments.contains(u"--preview"_s) &&
+        instance.claim(activation) == SingleInstance::Outcome::handedOver) {
+        notifier.ready();
+        return EXIT_SUCCESS;
+    }
+
+    const SystemClock clock;
+    QuorvaneApp quorvane(arguments, environment, clock);
+    QObject::connect(&instance, &SingleInstance::activated, &application,
+                     [&quorvane](const Activation &wish) { quorvane.activate(wish); });
+    QObject::connect(&quorvane.model(), &AppModel::ticked, &application, [&notifier] { notifier.ping(); });
     if (::isatty(STDOUT_FILENO) != 0)
         quorvane.reportTo(stdout);
     quorvane.show(arguments);
+    notifier.ready();
     const int status = QGuiApplication::exec();
+    notifier.stopping();
     // Not by leaving: a calendar service or a name server that hangs may still hold a thread, which no
     // orderly end could wait for.
     std::fflush(nullptr);
@@ -64,5 +104,7 @@ int main(int argc, char **argv)
     quorvane::keepMemoryPrivate();
     if (const auto status = quorvane::QuorvaneCLI::run(arguments))
         return *status;
+    if (quorvane::handOverToAgent(argc, argv, arguments))
+        return EXIT_SUCCESS;
     return runApplication(argc, argv, arguments);
 }

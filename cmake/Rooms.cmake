@@ -29,12 +29,14 @@ set(QUORVANE_ROOMS
   "ui/settings:core async ui/format ui/components model"
   "ui/sheet:core async ui/format ui/components model"
   "ui/dashboard:core async ui/format ui/components ui/agenda ui/calendars ui/settings ui/sheet model"
+  "instance:core"
+  "instance/linux:core posix instance"
   "launch:core"
   "launch/linux:core async posix process launch"
   "commands:core async ui/format calendars calendars/records network model launch"
   "ui/tray:core async ui/format model"
-  "ui/tray/linux:core async ui/tray"
-  "app:core async posix process process/linux ui/format ui/components ui/components/linux ui/agenda ui/calendars ui/settings ui/sheet ui/dashboard ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux launch launch/linux commands ui/tray ui/tray/linux")
+  "ui/tray/linux:core async ui/components ui/tray"
+  "app:core async posix process process/linux ui/format ui/components ui/components/linux ui/agenda ui/calendars ui/settings ui/sheet ui/dashboard ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux launch launch/linux commands ui/tray ui/tray/linux instance instance/linux")
 
 # quorvane_room(PATH [ROOMS room...] [LINK library...] [PRIVATE_LINK library...] SOURCES file...)
 # One static library per room, named quorvane_<path with underscores>.

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/PartSetups.h"
+
+#include "app/ProgramResources.h"
+#include "model/Clock.h"
+#include "model/Preferences.h"
+#include "network/PinnedCertificate.h"
+#include "process/linux/PosixProcessRunner.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace quorvane::PartSetups {
+
+namespace {
+
+QByteArray pinnedCertificate()
+{
+    return PinnedCertificate::find(ProgramResources::dataFolders(QCoreApplication::applicationDirPath()));
+}
+
+} // namespace
+
+FantasticalReader::Configuration fantasticalReader(const Preferences &preferences)
+{
+    return {
+        .program = [] { return ProgramResources::calendarReader(QCoreApplication::applicationDirPath()); },
+        .home = QDir::homePath(),
+        .folder = [&preferences] { return preferences.fantasticalFolder(); },
+        .runner = std::make_shared<PosixProcessRunner>(),
+    };
+}
+
+NetworkSetup network(Secrets &secrets, const Preferences &preferences, const Clock &clock)
+{
+    return {
+        .secrets = secrets,
+        .serverAddress = [&preferences] { return preferences.serverURL(); },
+        .now = [&clock] { return clock.now(); },
+        .trust = ServerTrust(pinnedCertificate),
+    };
+}
+
+} // namespace quorvane::PartSetups

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "instance/linux/WindowActivation.h"
+
+#include <QGuiApplication>
+#include <QRegularExpression>
+#include <QScreen>
+
+#include <qpa/qplatformnativeinterface.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+namespace {
+
+using SetTime = void (*)(QScreen *screen, quint32 time);
+
+/// The server's time of what the person did, in milliseconds, as the startup id ends with it (Startup
+/// Notification Protocol 0.1, "_TIME"); 0 when it does not.
+quint32 timeOf(const QString &startupId)
+{
+    static const QRegularExpression ending(QStringLiteral("_TIME(\\d+)$"));
+    return ending.match(startupId).captured(1).toUInt();
+}
+
+void setUserTime(quint32 time)
+{
+    QPlatformNativeInterface *native = QGuiApplication::platformNativeInterface();
+    for (const char *name : {"setapptime", "setappusertime"}) {
+        const auto function =
+            reinterpret_cast<QFunctionPointer>(native->nativeResourceFunctionForScreen(name));
+        if (const auto set = reinterpret_cast<SetTime>(function))
+            set(QGuiApplication::primaryScreen(), time);
+    }
+}
+
+} // namespace
+
+// Qt takes a token from the environment when a window asks to be activated, and removes it there.
+void allowWindow(const Activation &activation)
+{
+    if (!activation.token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activation.token.toUtf8());
+    if (QGuiApplication::platformName() != "xcb"_L1)
+        return;
+    if (const quint32 time = timeOf(activation.startupId); time != 0)
+        setUserTime(time);
+}
+
+} // namespace quorvane
