@@ -10,7 +10,8 @@
 #include "alert/linux/DesktopPlatform.h"
 #include "alert/linux/FrameSettler.h"
 #include "alert/linux/XdgLinkOpener.h"
-#include "app/ProgramResources.h"
+#include "app/PartSetups.h"
+#include "app/TrayScene.h"
 #include "app/UserFolders.h"
 #include "calendars/linux/DesktopFolderChooser.h"
 #include "calendars/linux/EvolutionStore.h"
@@ -21,10 +22,8 @@
 #include "model/linux/SecondTicker.h"
 #include "model/linux/SystemWakeSource.h"
 #include "model/linux/TimerSlackActivities.h"
-#include "network/PinnedCertificate.h"
 #include "network/linux/SecretService.h"
 #include "posix/UnusedMemory.h"
-#include "process/linux/PosixProcessRunner.h"
 #include "ui/components/Appearance.h"
 #include "ui/components/linux/DesktopAppearance.h"
 #include "ui/dialogs/QuickFolderChooser.h"
@@ -55,31 +54,6 @@ std::vector<std::unique_ptr<FolderChooser>> folderChoosers()
     return choosers;
 }
 
-FantasticalReader::Configuration readerConfiguration(const Preferences &preferences)
-{
-    return {
-        .program = [] { return ProgramResources::calendarReader(QCoreApplication::applicationDirPath()); },
-        .home = QDir::homePath(),
-        .folder = [&preferences] { return preferences.fantasticalFolder(); },
-        .runner = std::make_shared<PosixProcessRunner>(),
-    };
-}
-
-QByteArray pinnedCertificate()
-{
-    return PinnedCertificate::find(ProgramResources::dataFolders(QCoreApplication::applicationDirPath()));
-}
-
-NetworkSetup networkSetup(Secrets &secrets, const Preferences &preferences, const Clock &clock)
-{
-    return {
-        .secrets = secrets,
-        .serverAddress = [&preferences] { return preferences.serverURL(); },
-        .now = [&clock] { return clock.now(); },
-        .trust = ServerTrust(pinnedCertificate),
-    };
-}
-
 } // namespace
 
 /// In the order in which they are built; each uses only what stands above it.
@@ -87,7 +61,8 @@ struct QuorvaneApp::Parts
 {
     Parts(const QProcessEnvironment &environment, const Clock &time)
         : clock(time)
-        , opener(environment)
+        , opener(environment,
+                 isStartedAsService() ? XdgLinkOpener::Start::byServiceManager : XdgLinkOpener::Start::direct)
     {
     }
 
@@ -99,14 +74,14 @@ struct QuorvaneApp::Parts
     /// The reader becomes its owner.
     FolderStore *folderStore = new FolderStore({UserFolders::calendarFolder()}, {});
     CalendarReader calendarReader{calendarStores(folderStore)};
-    FantasticalReader fantasticalReader{readerConfiguration(preferences)};
+    FantasticalReader fantasticalReader{PartSetups::fantasticalReader(preferences)};
     DesktopFolderChooser folderChooser{folderChoosers()};
     FantasticalAccess fantasticalAccess{QDir::homePath(), folderChooser, [this](const QString &folder) {
                                             return preferences.setFantasticalFolder(folder);
                                         }};
     SecretService keyring;
     Secrets secrets{keyring};
-    Network network{networkSetup(secrets, preferences, clock)};
+    Network network{PartSetups::network(secrets, preferences, clock)};
     std::unique_ptr<PanelPlacement> placement = choosePlacement();
     CanberraChime chime;
     DesktopDisplayWaker waker;
@@ -168,8 +143,22 @@ void QuorvaneApp::followMotion()
     follow();
 }
 
+void QuorvaneApp::showTray()
+{
+    m_tray = std::make_unique<TrayScene>(model(), m_parts->appearance);
+    if (model().mode() == AppModel::Mode::live)
+        m_tray->tellWithoutTray(m_parts->preferences);
+    const MenuContent &menu = m_tray->content();
+    QObject::connect(&menu, &MenuContent::openRequested, m_dashboard.get(), &DashboardWindow::open);
+    QObject::connect(&menu, &MenuContent::checkForUpdatesRequested, m_updates.get(),
+                     &UpdateSettings::checkNow);
+    // Not by quit(), which asks the windows first: an alert refuses to be closed.
+    QObject::connect(&menu, &MenuContent::quitRequested, qApp, [] { QCoreApplication::exit(EXIT_SUCCESS); });
+}
+
 void QuorvaneApp::show(const QStringList &arguments)
 {
+    showTray();
     const bool wantsAlert = arguments.contains(u"--preview-overlay"_s);
     if (isStartedAsService()) {
         if (wantsAlert)

@@ -16,6 +16,8 @@
 
 namespace quorvane {
 
+class TrayScene;
+
 /// The composition root: builds every part of the application in the order of their dependencies and holds
 /// them for the life of the process. Needs a QGuiApplication; destroy it before that.
 class QuorvaneApp final
@@ -28,8 +30,8 @@ public:
 
     [[nodiscard]] AppModel &model() { return m_delegate.model(); }
 
-    /// Shows what the user sees of a start: the dashboard, unless the program comes up with the session, and
-    /// the sample alert if `arguments` ask for it.
+    /// Shows what the user sees of a start: the tray's icon, the dashboard, unless the program comes up with
+    /// the session, and the sample alert if `arguments` ask for it. Needs a QApplication.
     void show(const QStringList &arguments);
 
     /// Shows what another start, or the desktop, asks for.
@@ -43,11 +45,13 @@ private:
 
     [[nodiscard]] std::unique_ptr<AppModel> makeModel(AppModel::Mode mode);
     void followMotion();
+    void showTray();
 
     std::unique_ptr<Parts> m_parts;
     AppDelegate m_delegate;
     std::unique_ptr<UpdateSettings> m_updates;
     std::unique_ptr<DashboardWindow> m_dashboard;
+    std::unique_ptr<TrayScene> m_tray;
 };
 
 } // namespace quorvane

@@ -15,7 +15,7 @@
 #include "launch/linux/ServiceStart.h"
 #include "model/linux/SystemClock.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <cstdio>
 #include <cstdlib>
@@ -62,12 +62,12 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
         return EXIT_FAILURE;
     }
     QuitSignals quitSignals;
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv);
     quitSignals.listen();
-    QGuiApplication::setApplicationName(u"Quorvane"_s);
-    QGuiApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
-    QGuiApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
-    QGuiApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
+    QApplication::setApplicationName(u"Quorvane"_s);
+    QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
+    QApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
+    QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
 
     SessionBusChannel bus;
     RuntimeFolderChannel folder(UserFolders::runtimeFolder());
@@ -87,7 +87,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
         quorvane.reportTo(stdout);
     quorvane.show(arguments);
     notifier.ready();
-    const int status = QGuiApplication::exec();
+    const int status = QApplication::exec();
     notifier.stopping();
     // Not by leaving: a calendar service or a name server that hangs may still hold a thread, which no
     // orderly end could wait for.

@@ -9,8 +9,8 @@
 
 namespace quorvane {
 
-/// What the running copy is wished to do, and what lets its window come to the front: a desktop takes a window
-/// that nobody asked for as an intruder.
+/// What the running copy is wished to do, and what lets its window come to the front: a desktop takes a
+/// window that nobody asked for as an intruder.
 struct Activation
 {
     enum class Wish {

@@ -60,6 +60,7 @@ public:
     AppModel(Mode mode, const AppModelServices &services, QObject *parent = nullptr);
     ~AppModel() override;
 
+    [[nodiscard]] Mode mode() const { return m_mode; }
     /// Meetings chosen for alerts after the last refresh, by start.
     [[nodiscard]] const std::vector<Meeting> &meetings() const { return m_meetings; }
     /// All that the calendars hold for choosing, by start.
