@@ -33,7 +33,7 @@ QDBusMessage notification()
 } // namespace
 
 TrayHint::TrayHint(TrayIcon &icon, std::function<bool()> wasShown, std::function<void()> remember,
-                   QObject *parent)
+                   QObject *parent, std::chrono::milliseconds patience)
     : QObject(parent)
     , m_icon(icon)
     , m_wasShown(std::move(wasShown))

@@ -21,13 +21,14 @@ class TrayHint final : public QObject
     Q_OBJECT
 
 public:
-    static constexpr std::chrono::milliseconds patience{15'000};
+    /// How long a tray may take to appear.
+    static constexpr std::chrono::milliseconds usualPatience{15'000};
 
-    /// Waits for `patience` from now. `wasShown` says whether the user has been told, in this run of the
+    /// Waits for `patience` from now on. `wasShown` says whether the user has been told, in this run of the
     /// program or an earlier one; `remember` is called once a notification service has taken the word.
     /// `icon` must outlive this.
     TrayHint(TrayIcon &icon, std::function<bool()> wasShown, std::function<void()> remember,
-             QObject *parent = nullptr);
+             QObject *parent = nullptr, std::chrono::milliseconds patience = usualPatience);
 
 private:
     void tell();

@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The word to who has no tray, on a private session bus with a notification service that answers as desktops
+// do.
+#include "tests/support/ModelFixture.h"
+#include "ui/tray/MenuContent.h"
+#include "ui/tray/linux/TrayHint.h"
+#include "ui/tray/linux/TrayIcon.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace quorvane;
+
+namespace {
+
+const QString serviceName = u"org.freedesktop.Notifications"_s;
+
+QDBusConnection serviceBus()
+{
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"notifications"_s);
+}
+
+} // namespace
+
+/// The desktop's notifications.
+class NotificationService final : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    QStringList shown;
+    bool refuses = false;
+
+public Q_SLOTS:
+    uint Notify(const QString &program, uint, const QString &, const QString &summary, const QString &body,
+                const QStringList &, const QVariantMap &, int)
+    {
+        if (refuses)
+            sendErrorReply(QDBusError::LimitsExceeded);
+        shown.append(program + u'|' + summary + u'|' + body);
+        return 1;
+    }
+};
+
+class TrayHintTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(serviceBus().registerObject(u"/org/freedesktop/Notifications"_s, &m_service,
+                                            QDBusConnection::ExportAllSlots));
+    }
+    void init()
+    {
+        m_service.shown.clear();
+        m_service.refuses = false;
+        m_remembered = 0;
+    }
+    void cleanup() { serviceBus().unregisterService(serviceName); }
+
+    void whoHasNoTrayIsToldOnce()
+    {
+        QVERIFY(serviceBus().registerService(serviceName));
+        waitForHint();
+        QTRY_COMPARE(m_remembered, 1);
+        QCOMPARE(m_service.shown,
+                 QStringList(u"Quorvane|Quorvane is running without an icon|"
+                             "This desktop has no tray. To open Quorvane, start it again."_s));
+        waitForHint();
+        QCOMPARE(m_service.shown.size(), 1);
+    }
+
+    void whatNobodyTookIsNotRemembered_data()
+    {
+        QTest::addColumn<bool>("isThere");
+        QTest::newRow("no service") << false;
+        QTest::newRow("a service that refuses") << true;
+    }
+    void whatNobodyTookIsNotRemembered()
+    {
+        QFETCH(bool, isThere);
+        m_service.refuses = true;
+        QVERIFY(!isThere || serviceBus().registerService(serviceName));
+        waitForHint();
+        QCOMPARE(m_service.shown.size(), isThere ? 1 : 0);
+        QCOMPARE(m_remembered, 0);
+    }
+
+private:
+    /// Until it is through with what it does.
+    void waitForHint()
+    {
+        ModelFixture f;
+        f.start();
+        MenuContent content(*f.model);
+        TrayIcon icon(content);
+        icon.start();
+        const TrayHint hint(
+            icon, [this] { return m_remembered > 0; }, [this] { ++m_remembered; }, nullptr,
+            std::chrono::milliseconds(50));
+        QTest::qWait(500);
+    }
+
+    NotificationService m_service;
+    int m_remembered = 0;
+};
+
+QTEST_MAIN(TrayHintTest)
+#include "tray_hint_test.moc"
