@@ -6,7 +6,10 @@
 #include "alert/LinkOpener.h"
 
 #include <QObject>
+#include <QProcess>
 #include <QProcessEnvironment>
+
+#include <memory>
 
 namespace quorvane {
 
@@ -17,14 +20,32 @@ class XdgLinkOpener final : public QObject, public LinkOpener
     Q_OBJECT
 
 public:
-    /// `environment` is what the opened program sees: the user's, without what this program has set for
-    /// itself.
-    explicit XdgLinkOpener(const QProcessEnvironment &environment, QObject *parent = nullptr);
+    enum class Start {
+        /// By this program.
+        direct,
+        /// By the user's service manager, as a unit of its own; by this program where that fails. For a
+        /// program
+        /// that is a service itself: its browser would have its confinement, and would end with it.
+        byServiceManager,
+    };
+
+    /// `environment` is what a program sees that this one starts: the user's, without what this program has
+    /// set for itself. The service manager's programs see the manager's.
+    explicit XdgLinkOpener(const QProcessEnvironment &environment, Start start = Start::direct,
+                           QObject *parent = nullptr);
 
     void open(const QUrl &link, std::function<void(bool opened)> done) override;
 
 private:
+    struct Outcome;
+
+    void startUnit(const QString &link, std::shared_ptr<Outcome> outcome);
+    void startDirectly(const QString &link, std::shared_ptr<Outcome> outcome);
+    void judge(QProcess *process, const std::shared_ptr<Outcome> &outcome);
+    [[nodiscard]] QProcess *newProcess() const;
+
     QProcessEnvironment m_environment;
+    Start m_start;
 };
 
 } // namespace quorvane

@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -179,32 +180,44 @@ void DesktopServicesTest::aLinkCountsAsOpenedWhenTheDesktopTookIt_data()
 {
     QTest::addColumn<QByteArray>("program");
     QTest::addColumn<bool>("opened");
-    QTest::newRow("handed over") << QByteArray("exit 0") << true;
-    QTest::newRow("no program for it") << QByteArray("exit 3") << false;
-    QTest::newRow("stays with the browser") << QByteArray("exec sleep 30") << true;
-    QTest::newRow("killed") << QByteArray("kill -9 $$") << false;
-    QTest::newRow("not installed") << QByteArray() << false;
+    QTest::addColumn<QByteArray>("manager");
+    const QByteArray notAsked;
+    QTest::newRow("handed over") << QByteArray("exit 0") << true << notAsked;
+    QTest::newRow("no program for it") << QByteArray("exit 3") << false << notAsked;
+    QTest::newRow("stays with the browser") << QByteArray("exec sleep 30") << true << notAsked;
+    QTest::newRow("killed") << QByteArray("kill -9 $$") << false << notAsked;
+    QTest::newRow("not installed") << QByteArray() << false << notAsked;
+    QTest::newRow("the service manager fails") << QByteArray("exit 0") << true << QByteArray("exit 1");
+    QTest::newRow("the service manager hangs")
+        << QByteArray("exit 3") << false << QByteArray("exec sleep 30");
 }
 
 void DesktopServicesTest::aLinkCountsAsOpenedWhenTheDesktopTookIt()
 {
     QFETCH(QByteArray, program);
     QFETCH(bool, opened);
+    QFETCH(QByteArray, manager);
     const QTemporaryDir folder;
     const QString seen = folder.filePath(QStringLiteral("seen"));
-    if (!program.isEmpty()) {
-        QFile file(folder.filePath(QStringLiteral("xdg-open")));
+    const auto install = [&folder](const QString &name, const QByteArray &script) {
+        QFile file(folder.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\nprintf %s \"$*\" > '" + seen.toUtf8() + "'\n" + program + '\n');
+        file.write("#!/bin/sh\n" + script + '\n');
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
+    };
+    if (!program.isEmpty())
+        install(QStringLiteral("xdg-open"), "printf %s \"$*\" > '" + seen.toUtf8() + "'\n" + program);
+    if (!manager.isEmpty())
+        install(QStringLiteral("systemd-run"), manager);
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", program.isEmpty() ? folder.path().toUtf8() : folder.path().toUtf8() + ':' + path);
-    XdgLinkOpener opener(QProcessEnvironment::systemEnvironment());
+    using Start = XdgLinkOpener::Start;
+    XdgLinkOpener opener(QProcessEnvironment::systemEnvironment(),
+                         manager.isEmpty() ? Start::direct : Start::byServiceManager);
     QList<bool> answers;
     opener.open(QUrl(QStringLiteral("https://meet.example.org/a?b=$(id)&c=ü")),
                 [&answers](bool answer) { answers.append(answer); });
-    qputenv("PATH", path);
+    const auto restore = qScopeGuard([&path] { qputenv("PATH", path); });
     QTRY_COMPARE_WITH_TIMEOUT(answers, QList<bool>{opened}, 9000);
     if (program.isEmpty())
         return;

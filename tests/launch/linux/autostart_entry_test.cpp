@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "launch/linux/AutostartEntry.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace quorvane;
+
+class AutostartEntryTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anyExecutableIsStarted_data();
+    void anyExecutableIsStarted();
+    void aPercentSignIsNoFieldCode();
+    void whatNoEntryCanNameIsRefused_data();
+    void whatNoEntryCanNameIsRefused();
+    void removingLeavesNothingThatStartsTheProgram_data();
+    void removingLeavesNothingThatStartsTheProgram();
+    void aFolderThatCannotBeWrittenIsAFailure();
+};
+
+void AutostartEntryTest::anyExecutableIsStarted_data()
+{
+    QTest::addColumn<QString>("folderName");
+    for (const QString &name : {u"bin"_s, u"two words"_s, u"it's \"quoted\""_s, u"$HOME `id` \\ & ; * ?"_s,
+                                u"a\\sb\\\\n"_s, u"tab\tand\nline"_s, u"Köln ☎"_s})
+        QTest::newRow(qUtf8Printable(name)) << name;
+}
+
+// GLib's launcher is an implementation of the specification by somebody else.
+void AutostartEntryTest::anyExecutableIsStarted()
+{
+    QFETCH(QString, folderName);
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(folderName));
+    const QString executable = folder.filePath(folderName + u"/quorvane"_s);
+    const QString started = folder.filePath(u"started"_s);
+    QFile script(executable);
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\nprintf '%s ' \"$0\" \"$@\" > '" + started.toUtf8() + "'\n");
+    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    script.close();
+
+    AutostartEntry entry(executable, {folder.filePath(u"new/config"_s)});
+    QVERIFY(entry.add());
+    QVERIFY(entry.add());
+    const QString file = folder.filePath(u"new/config/autostart/me.tarnel.Quorvane.desktop"_s);
+    QProcess validator;
+    validator.setProcessChannelMode(QProcess::MergedChannels);
+    validator.start(u"desktop-file-validate"_s, {file});
+    QVERIFY2(validator.waitForStarted(), "desktop-file-validate is not installed (./dev deps installs it)");
+    validator.waitForFinished();
+    QCOMPARE(validator.readAll(), QByteArray());
+
+    QProcess launcher;
+    launcher.start(u"gio"_s, {u"launch"_s, file});
+    QVERIFY2(launcher.waitForStarted(), "gio is not installed (./dev deps installs it)");
+    QTRY_VERIFY(QFile(started).size() > 0);
+    QFile said(started);
+    QVERIFY(said.open(QIODevice::ReadOnly));
+    QCOMPARE(QString::fromUtf8(said.readAll()), executable + u' ');
+    launcher.waitForFinished();
+}
+
+// By itself: GLib 2.74 finds no program whose path has one.
+void AutostartEntryTest::aPercentSignIsNoFieldCode()
+{
+    const QTemporaryDir folder;
+    QVERIFY(AutostartEntry(u"/opt/100%f/quorvane"_s, {folder.path()}).add());
+    QFile file(folder.filePath(u"autostart/me.tarnel.Quorvane.desktop"_s));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("\nTryExec=/opt/100%f/quorvane\nExec=\"/opt/100%%f/quorvane\"\n"));
+}
+
+void AutostartEntryTest::whatNoEntryCanNameIsRefused_data()
+{
+    QTest::addColumn<QString>("executable");
+    QTest::newRow("an equals sign") << u"/opt/a=b/quorvane"_s;
+    QTest::newRow("not absolute") << u"quorvane"_s;
+}
+
+void AutostartEntryTest::whatNoEntryCanNameIsRefused()
+{
+    QFETCH(QString, executable);
+    const QTemporaryDir folder;
+    QVERIFY(!AutostartEntry(executable, {folder.path()}).add());
+    QVERIFY(QDir(folder.path()).isEmpty());
+}
+
+void AutostartEntryTest::removingLeavesNothingThatStartsTheProgram_data()
+{
+    QTest::addColumn<bool>("isAdded");
+    QTest::addColumn<bool>("isSystems");
+    QTest::newRow("nothing") << false << false;
+    QTest::newRow("the user's") << true << false;
+    QTest::newRow("the system's") << false << true;
+    QTest::newRow("both") << true << true;
+}
+
+void AutostartEntryTest::removingLeavesNothingThatStartsTheProgram()
+{
+    QFETCH(bool, isAdded);
+    QFETCH(bool, isSystems);
+    const QTemporaryDir user;
+    const QTemporaryDir system;
+    const QString name = u"autostart/me.tarnel.Quorvane.desktop"_s;
+    const QStringList folders{user.path(), user.filePath(u"none"_s), system.path()};
+    if (isSystems)
+        QVERIFY(AutostartEntry(u"/usr/bin/quorvane"_s, {system.path()}).add());
+    AutostartEntry entry(u"/usr/bin/quorvane"_s, folders);
+    if (isAdded)
+        QVERIFY(entry.add());
+
+    for (int times = 0; times < 2; ++times) {
+        QVERIFY(entry.remove());
+        QFile file(user.filePath(name));
+        QCOMPARE(file.open(QIODevice::ReadOnly), isSystems);
+        if (isSystems)
+            QVERIFY(file.readAll().contains("\nHidden=true\n"));
+    }
+    if (isSystems)
+        QCOMPARE(QProcess::execute(u"desktop-file-validate"_s, {user.filePath(name)}), 0);
+    QCOMPARE(QFile::exists(system.filePath(name)), isSystems);
+
+    QVERIFY(entry.add());
+    QFile again(user.filePath(name));
+    QVERIFY(again.open(QIODevice::ReadOnly));
+    QVERIFY(!again.readAll().contains("Hidden"));
+}
+
+void AutostartEntryTest::aFolderThatCannotBeWrittenIsAFailure()
+{
+    QVERIFY(!AutostartEntry(u"/usr/bin/quorvane"_s, {u"/dev/null"_s}).add());
+    QVERIFY(AutostartEntry(u"/usr/bin/quorvane"_s, {u"/dev/null"_s}).remove());
+}
+
+QTEST_GUILESS_MAIN(AutostartEntryTest)
+
+#include "autostart_entry_test.moc"

@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "launch/linux/ServiceNotifier.h"
+#include "posix/FileDescriptor.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstring>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace quorvane;
+
+namespace {
+
+/// The service manager's end.
+class Listener final
+{
+public:
+    explicit Listener(const QByteArray &name)
+        : m_socket(::socket(AF_UNIX, SOCK_DGRAM | SOCK_NONBLOCK, 0))
+    {
+        sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+        std::memcpy(address.sun_path, name.constData(), std::size_t(name.size()));
+        if (name.startsWith('@'))
+            address.sun_path[0] = '\0';
+        const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + std::size_t(name.size()));
+        if (::bind(m_socket.value(), reinterpret_cast<const sockaddr *>(&address), size) != 0)
+            qFatal("bind: %s", std::strerror(errno));
+        qputenv("NOTIFY_SOCKET", name);
+    }
+
+    /// What arrived since the last call.
+    QByteArrayList heard() const
+    {
+        QByteArrayList messages;
+        char buffer[256];
+        ssize_t size = 0;
+        while ((size = ::recv(m_socket.value(), buffer, sizeof buffer, 0)) > 0)
+            messages.append({buffer, size});
+        return messages;
+    }
+
+private:
+    FileDescriptor m_socket;
+};
+
+} // namespace
+
+class ServiceNotifierTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void theManagerHearsHowTheProgramIs_data();
+    void theManagerHearsHowTheProgramIs();
+    void pingsAreAThirdOfTheWatchdogsTimeApart();
+    void aWatchdogThatIsAnotherProcesssGetsNoPing_data();
+    void aWatchdogThatIsAnotherProcesssGetsNoPing();
+    void withoutAManagerNothingHappens();
+
+private:
+    QTemporaryDir m_folder;
+    QByteArray m_path = m_folder.filePath(u"notify"_s).toUtf8();
+};
+
+void ServiceNotifierTest::init()
+{
+    QFile::remove(QString::fromUtf8(m_path));
+    qunsetenv("NOTIFY_SOCKET");
+    qputenv("WATCHDOG_USEC", "600000");
+    qputenv("WATCHDOG_PID", QByteArray::number(::getpid()));
+}
+
+void ServiceNotifierTest::theManagerHearsHowTheProgramIs_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("a file") << m_path;
+    QTest::newRow("a name in the kernel") << '@' + m_path;
+}
+
+void ServiceNotifierTest::theManagerHearsHowTheProgramIs()
+{
+    QFETCH(QByteArray, name);
+    const Listener manager(name);
+    ServiceNotifier notifier;
+    notifier.ready();
+    notifier.stopping();
+    QCOMPARE(manager.heard(), (QByteArrayList{"READY=1", "STOPPING=1"}));
+    for (const char *variable : {"NOTIFY_SOCKET", "WATCHDOG_USEC", "WATCHDOG_PID"})
+        QVERIFY(!qEnvironmentVariableIsSet(variable));
+}
+
+void ServiceNotifierTest::pingsAreAThirdOfTheWatchdogsTimeApart()
+{
+    const Listener manager(m_path);
+    ServiceNotifier notifier;
+    notifier.ping();
+    notifier.ping();
+    QCOMPARE(manager.heard(), QByteArrayList{"WATCHDOG=1"});
+    QTest::qWait(210);
+    notifier.ping();
+    QCOMPARE(manager.heard(), QByteArrayList{"WATCHDOG=1"});
+}
+
+void ServiceNotifierTest::aWatchdogThatIsAnotherProcesssGetsNoPing_data()
+{
+    QTest::addColumn<QByteArray>("time");
+    QTest::addColumn<QByteArray>("process");
+    const QByteArray own = QByteArray::number(::getpid());
+    QTest::newRow("another process's") << QByteArray("600000") << QByteArray("1");
+    QTest::newRow("no watchdog") << QByteArray() << own;
+    QTest::newRow("no number") << QByteArray("soon") << own;
+    QTest::newRow("no time") << QByteArray("0") << own;
+}
+
+void ServiceNotifierTest::aWatchdogThatIsAnotherProcesssGetsNoPing()
+{
+    QFETCH(QByteArray, time);
+    QFETCH(QByteArray, process);
+    const Listener manager(m_path);
+    qputenv("WATCHDOG_USEC", time);
+    qputenv("WATCHDOG_PID", process);
+    ServiceNotifier notifier;
+    notifier.ping();
+    QCOMPARE(manager.heard(), QByteArrayList());
+}
+
+void ServiceNotifierTest::withoutAManagerNothingHappens()
+{
+    ServiceNotifier notifier;
+    notifier.ready();
+    notifier.ping();
+    qputenv("NOTIFY_SOCKET", m_path); // nobody listens
+    ServiceNotifier lonely;
+    lonely.ready();
+    lonely.ping();
+}
+
+QTEST_GUILESS_MAIN(ServiceNotifierTest)
+
+#include "service_notifier_test.moc"
