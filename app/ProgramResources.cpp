@@ -11,14 +11,31 @@ using namespace Qt::StringLiterals;
 
 namespace quorvane::ProgramResources {
 
-QString calendarReader(const QString &programFolder)
+namespace {
+
+/// The first of these files that is there.
+QString firstOf(const QStringList &paths)
 {
-    for (const QString &resources : {u"."_s, QStringLiteral(QUORVANE_RESOURCES)}) {
-        const QString path = programFolder + u'/' + resources + u"/calendar-reader/calendar-reader"_s;
+    for (const QString &path : paths) {
         if (QFileInfo::exists(path))
             return QDir::cleanPath(path);
     }
     return {};
+}
+
+} // namespace
+
+QString calendarReader(const QString &programFolder)
+{
+    const QString reader = u"/calendar-reader/calendar-reader"_s;
+    return firstOf(
+        {programFolder + reader, programFolder + u'/' + QStringLiteral(QUORVANE_RESOURCES) + reader});
+}
+
+QString informationDictionary(const QString &programFolder)
+{
+    return firstOf({programFolder + u"/share/Quorvane/info.json"_s,
+                    programFolder + u'/' + QStringLiteral(QUORVANE_DATA) + u"/info.json"_s});
 }
 
 QStringList dataFolders(const QString &programFolder)

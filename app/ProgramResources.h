@@ -14,6 +14,11 @@ namespace quorvane::ProgramResources {
 /// neither is there.
 [[nodiscard]] QString calendarReader(const QString &programFolder);
 
+/// Path of the file in which the build of that executable says what it is: in the build tree, or in the data
+/// folder of the tree it is installed in. Never the user's: it is about this executable. Empty when neither
+/// is there.
+[[nodiscard]] QString informationDictionary(const QString &programFolder);
+
 /// Folders in which data files of the program are looked for, the first that has one counts: the user's own
 /// (XDG Base Directory Specification 0.8), that of the tree which the executable in `programFolder` is part
 /// of, then the system's.
