@@ -74,7 +74,8 @@ class Tray(SystemTest):
         item.activate("token-of-the-panel")
         wait_until("the window", lambda: windows(desktop) == 1)
         if desktop.kind == "sway":
-            wait_until("the panel's token shown to the compositor", lambda: 'activate("token-of-the-panel"' in program.said())
+            wait_until("the panel's token shown to the compositor",
+                       lambda: 'activate("token-of-the-panel"' in program.said())
         item.click("Open Quorvane")
         time.sleep(0.3)
         self.assertEqual(windows(desktop), 1)
