@@ -170,7 +170,7 @@ class Installation(Package):
         self.assertNotIn("missing", self.root.run("quorvane", "--verify-connections")[1])
         self.assertEqual(self.root.need("dpkg", "--verify", "quorvane"), "")
 
-    @unittest.skipIf(BARE, "there is no systemd")
+    @unittest.skipIf(BARE, "without man the unit's page is not found")
     def test_systemd_understands_the_unit(self):
         self.assertEqual(self.root.run("systemd-analyze", "--user", "verify", f"/usr/lib/systemd/user/{UNIT}"), (0, ""))
 
