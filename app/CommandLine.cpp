@@ -18,11 +18,14 @@
 #include "commands/LoginCommands.h"
 #include "commands/SecretCommand.h"
 #include "commands/TestMeetingCommand.h"
+#include "launch/linux/AutostartEntry.h"
+#include "launch/linux/SystemdManager.h"
 #include "model/Preferences.h"
 #include "model/linux/SystemClock.h"
 #include "network/Network.h"
 #include "network/Secrets.h"
 #include "network/linux/SecretService.h"
+#include "process/linux/PosixProcessRunner.h"
 
 #include <QGuiApplication>
 
@@ -73,6 +76,12 @@ TestMeetingCommand::Writers eventWriters()
     return writers;
 }
 
+AutostartEntry loginEntry()
+{
+    return AutostartEntry(QCoreApplication::applicationFilePath(),
+                          AutostartEntry::systemConfigurationFolders());
+}
+
 } // namespace
 
 int renderPreviews(const QString &folder)
@@ -117,12 +126,17 @@ int checkConnections(ConnectionCommand::Mode mode)
 
 int disableLoginService()
 {
-    return 64; // TEMPORARY
+    const Background background;
+    AutostartEntry entry = loginEntry();
+    return LoginCommands::disableDuplicate(entry, CommandLineStreams::print);
 }
 
 int enableLogin()
 {
-    return 64; // TEMPORARY
+    const Background background;
+    const SystemdManager manager(std::make_shared<PosixProcessRunner>(), SystemdManager::systemUnitFolders());
+    AutostartEntry entry = loginEntry();
+    return LoginCommands::enable(manager, entry, CommandLineStreams::print);
 }
 
 int tellCalendarStatus()

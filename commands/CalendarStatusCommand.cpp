@@ -20,7 +20,8 @@ CalendarStatusCommand::CalendarStatusCommand(CalendarReader &reader, QStringList
 
 QCoro::Task<int> CalendarStatusCommand::run(double now)
 {
-    if (!co_await CalendarAccess::isAllowed(m_reader))
+    const bool isAllowed = co_await CalendarAccess::isAllowed(m_reader);
+    if (!isAllowed)
         co_return CalendarAccess::refuse(m_print);
     co_await m_reader.read(now, m_excluded);
     m_print(

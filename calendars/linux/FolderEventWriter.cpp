@@ -44,7 +44,9 @@ std::optional<QString> titleOf(const QString &calendar)
 bool write(const QString &path, const QByteArray &text)
 {
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
+    // Flushed here: committing alone does not notice that the last bytes found no place.
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() &&
+           file.commit();
 }
 
 Result<void> addFile(const QString &calendar, const NewEvent &event)
