@@ -105,11 +105,13 @@ class Tray(SystemTest):
     def test_a_tray_may_come_late_and_come_back(self):
         desktop = SwayDesktop(sizes=SIZES)
         program = self.quorvane(desktop)
-        time.sleep(5)
-        for _ in range(2):
-            with TrayHost(desktop) as host:
-                item = host.wait_item()
-                self.assertEqual(item.texts()[-1], "Quit Quorvane")
+        with TrayHost(desktop, without_panel=True) as host:
+            host.turn_for(5)
+            self.assertEqual(host.items, [])
+            host.show_panel()
+            self.assertEqual(host.wait_item().texts()[-1], "Quit Quorvane")
+        with TrayHost(desktop) as host:
+            self.assertEqual(host.wait_item().texts()[-1], "Quit Quorvane")
         self.assertEqual(program.stop(), 0)
 
     def test_a_panel_of_the_older_kind_takes_the_icon_in(self):

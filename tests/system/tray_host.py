@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A desktop's tray: it takes in the items that programs register on the session bus, and reads and clicks their menus
 as panels do."""
+import time
 from typing import NamedTuple
 
 from gi.repository import Gio, GLib
@@ -49,10 +50,12 @@ def seen(label):
 
 
 class TrayHost:
-    """`with TrayHost(desktop) as host:` is there from then to the end of the block."""
+    """`with TrayHost(desktop) as host:` is there from then to the end of the block; `without_panel`, its watcher is, and
+    the panel once `show_panel` is called."""
 
-    def __init__(self, desktop):
+    def __init__(self, desktop, without_panel=False):
         self.desktop = desktop
+        self.has_panel = not without_panel
         self.bus = None
         self.items = []
         self.signals = []
@@ -62,7 +65,6 @@ class TrayHost:
         node = Gio.DBusNodeInfo.new_for_xml(INTERFACE)
         self.bus.register_object(WATCHER_PATH, node.interfaces[0], self._call, self._property, None)
         Gio.bus_own_name_on_connection(self.bus, WATCHER, Gio.BusNameOwnerFlags.NONE, None, None)
-        self.bus.emit_signal(None, WATCHER_PATH, WATCHER, "StatusNotifierHostRegistered", None)
         for interface in (ITEM, MENU):
             self.bus.signal_subscribe(None, interface, None, None, None, Gio.DBusSignalFlags.NONE, self._heard)
         return self
@@ -71,6 +73,10 @@ class TrayHost:
         self.bus.close_sync(None)
         turn()
 
+    def show_panel(self):
+        self.has_panel = True
+        self.bus.emit_signal(None, WATCHER_PATH, WATCHER, "StatusNotifierHostRegistered", None)
+
     def _call(self, _connection, sender, _path, _interface, method, arguments, invocation):
         if method == "RegisterStatusNotifierItem":
             service = arguments.unpack()[0]
@@ -78,11 +84,19 @@ class TrayHost:
         invocation.return_value(None)
 
     def _property(self, _connection, _sender, _path, _interface, name):
-        return {"IsStatusNotifierHostRegistered": GLib.Variant("b", True), "ProtocolVersion": GLib.Variant("i", 0),
+        return {"IsStatusNotifierHostRegistered": GLib.Variant("b", self.has_panel),
+                "ProtocolVersion": GLib.Variant("i", 0),
                 "RegisteredStatusNotifierItems": GLib.Variant("as", ["".join(item) for item in self.items])}[name]
 
     def _heard(self, _connection, _sender, _path, _interface, signal, _arguments):
         self.signals.append(signal)
+
+    def turn_for(self, seconds):
+        """Is there and does no more, for some seconds."""
+        deadline = time.monotonic() + seconds
+        while time.monotonic() < deadline:
+            turn()
+            time.sleep(0.02)
 
     def wait_item(self, seconds=10):
         """Waits for the first item and returns it."""
