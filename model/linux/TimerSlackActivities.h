@@ -8,7 +8,8 @@
 namespace quorvane {
 
 /// Keeps the kernel from coalescing the process's timers while an activity lasts (PR_SET_TIMERSLACK,
-/// prctl(2)).
+/// prctl(2)). There is no more to ask for: the tick's timer has no slack at all, a thread that sleeps nearly
+/// always is let in at once when it wakes, and a real-time priority could hold up everybody else.
 class TimerSlackActivities final : public ProcessActivities
 {
 public:

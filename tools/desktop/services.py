@@ -77,13 +77,20 @@ class ServicedSession:
         self.hand_over()
         self.systemctl("daemon-reload")
 
-    def run_inside(self, *argv, timeout=30, **environment):
-        """Runs a program where the manager's services run, as their user: the finished process."""
+    def run_inside(self, *argv, timeout=30):
+        """Runs a program to its end where the manager's services run, as their user: the finished process."""
+        return subprocess.run([*self._inside(), *argv], env=self.env, stdin=subprocess.DEVNULL, capture_output=True,
+                              timeout=timeout, check=False)
+
+    def start_inside(self, name, argv):
+        """Like `start`, where the manager's services run."""
+        return self.start(name, [*self._inside(), *argv])
+
+    def _inside(self):
         with open(f"/proc/{self.manager.pid}/task/{self.manager.pid}/children", encoding="utf-8") as children:
             first = (children.read().split() or ["0"])[0]
-        return subprocess.run(["nsenter", f"--target={first}", "--mount", "--pid", "setpriv", f"--reuid={NOBODY}",
-                               f"--regid={NOBODY}", "--clear-groups", *argv], env={**self.env, **environment},
-                              stdin=subprocess.DEVNULL, capture_output=True, timeout=timeout, check=False)
+        return ["nsenter", f"--target={first}", "--mount", "--pid", "setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}",
+                "--clear-groups"]
 
 
 def why_unavailable():
