@@ -7,7 +7,7 @@ from typing import NamedTuple
 
 from gi.repository import Gio, GLib
 
-from harness import DesktopError, wait_until
+from harness import wait_until
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
@@ -23,12 +23,6 @@ INTERFACE = f"""<node><interface name="{WATCHER}">
 <property name="ProtocolVersion" type="i" access="read"/>
 <signal name="StatusNotifierItemRegistered"><arg type="s"/></signal>
 <signal name="StatusNotifierHostRegistered"/></interface></node>"""
-
-
-def connect(desktop):
-    """A connection of its own to the session's bus."""
-    kind = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
-    return Gio.DBusConnection.new_for_address_sync(desktop.env["DBUS_SESSION_BUS_ADDRESS"], kind, None, None)
 
 
 def turn():
@@ -50,8 +44,8 @@ def seen(label):
 
 
 class TrayHost:
-    """`with TrayHost(desktop) as host:` is there from then to the end of the block; `without_panel`, its watcher is, and
-    the panel once `show_panel` is called."""
+    """`with TrayHost(desktop) as host:` is there from then to the end of the block; `without_panel` only its watcher is,
+    until `show_panel` is called."""
 
     def __init__(self, desktop, without_panel=False):
         self.desktop = desktop
@@ -61,7 +55,9 @@ class TrayHost:
         self.signals = []
 
     def __enter__(self):
-        self.bus = connect(self.desktop)
+        kind = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        address = self.desktop.env["DBUS_SESSION_BUS_ADDRESS"]
+        self.bus = Gio.DBusConnection.new_for_address_sync(address, kind, None, None)
         node = Gio.DBusNodeInfo.new_for_xml(INTERFACE)
         self.bus.register_object(WATCHER_PATH, node.interfaces[0], self._call, self._property, None)
         Gio.bus_own_name_on_connection(self.bus, WATCHER, Gio.BusNameOwnerFlags.NONE, None, None)
@@ -107,20 +103,9 @@ class TrayHost:
         return TrayItem(self, *self.items[0])
 
     def call(self, service, path, interface, method, arguments, answer=None):
-        """Calls a program while answering its own calls, which may come first."""
-        done = []
-        self.bus.call(service, path, interface, method, arguments, GLib.VariantType(answer) if answer else None,
-                      Gio.DBusCallFlags.NONE, 5000, None, lambda bus, result: done.append(result))
-
-        def answered():
-            turn()
-            return done
-        wait_until(f"an answer to {method}", answered, 6, interval=0.005)
-        try:
-            result = self.bus.call_finish(done[0])
-        except GLib.Error as error:
-            raise DesktopError(f"{method}: {error.message}") from error
-        return result.unpack() if result else None
+        result = self.bus.call_sync(service, path, interface, method, arguments,
+                                    GLib.VariantType(answer) if answer else None, Gio.DBusCallFlags.NONE, 5000, None)
+        return result.unpack()
 
     def send(self, service, path, interface, method, arguments):
         """Calls a program, which may end over it."""
