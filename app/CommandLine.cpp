@@ -24,7 +24,7 @@
 #include "model/linux/SystemClock.h"
 #include "network/Network.h"
 #include "network/Secrets.h"
-#include "network/linux/SecretService.h"
+#include "network/linux/LateSecretService.h"
 #include "process/linux/PosixProcessRunner.h"
 
 #include <QGuiApplication>
@@ -107,7 +107,7 @@ int setSecret(const QString &account)
     if (!SecretCommand::isAccount(account))
         return ExitStatus::unknownAccount;
     const Background background;
-    SecretService keyring(QDBusConnection::sessionBus(), unlockTime);
+    LateSecretService keyring(unlockTime);
     const Secrets secrets(keyring);
     CommandLineStreams::end(QCoro::waitFor(SecretCommand::handInSecret(account, stdin, secrets)));
 }
@@ -116,7 +116,7 @@ int checkConnections(ConnectionCommand::Mode mode)
 {
     const Background background;
     const FantasticalReader reader(PartSetups::fantasticalReader(background.preferences));
-    SecretService keyring;
+    LateSecretService keyring(unlockTime);
     Secrets secrets(keyring);
     Network network(PartSetups::network(secrets, background.preferences, background.clock));
     const ConnectionCommand::Parts parts{background.preferences, reader, secrets, network};
