@@ -44,7 +44,7 @@ def seen(label):
 
 
 class TrayHost:
-    """`with TrayHost(desktop) as host:` is there from then to the end of the block; `without_panel` only its watcher is,
+    """`with TrayHost(desktop) as host:` is there from then to the end of it; `without_panel` only its watcher is,
     until `show_panel` is called."""
 
     def __init__(self, desktop, without_panel=False):
