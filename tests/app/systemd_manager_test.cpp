@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 using namespace quorvane;
 
-using Process = std::optional<qint32>;
+using Process = Result<std::optional<qint32>>;
 Q_DECLARE_METATYPE(Process)
 
 class SystemdManagerTest final : public QObject
@@ -23,10 +23,8 @@ private Q_SLOTS:
     void theAgentIsWhatTheMostImportantFolderSays_data();
     void theAgentIsWhatTheMostImportantFolderSays();
     void unitsAreLookedForWhereTheServiceManagerDoes();
-    void onlyAPlainNumberIsAProcess_data();
-    void onlyAPlainNumberIsAProcess();
-    void anAgentThatIsNotLoadedIsAFailure_data();
-    void anAgentThatIsNotLoadedIsAFailure();
+    void onlyAPlainNumberOfALoadedAgentIsAProcess_data();
+    void onlyAPlainNumberOfALoadedAgentIsAProcess();
     void withoutAServiceManagerEveryQuestionFailsAtOnce();
 };
 
@@ -37,37 +35,31 @@ void SystemdManagerTest::theAgentIsWhatTheMostImportantFolderSays_data()
     QTest::addColumn<bool>("hasAgent");
     QTest::newRow("nowhere") << "" << "" << false;
     QTest::newRow("the package's") << "" << "file" << true;
-    QTest::newRow("a link to elsewhere") << "link" << "" << true;
-    QTest::newRow("masked by a link") << "mask" << "file" << false;
+    QTest::newRow("a link to elsewhere") << "/bin/sh" << "" << true;
+    QTest::newRow("masked by a link") << "/dev/null" << "file" << false;
     QTest::newRow("masked by an empty file") << "empty" << "file" << false;
-    QTest::newRow("a link to what is gone") << "dangling" << "file" << true;
-    QTest::newRow("the user's own over a mask") << "file" << "mask" << true;
+    QTest::newRow("a link to what is gone") << "/nowhere" << "file" << true;
+    QTest::newRow("the user's own over a mask") << "file" << "/dev/null" << true;
 }
 
 void SystemdManagerTest::theAgentIsWhatTheMostImportantFolderSays()
 {
     const QTemporaryDir folder;
-    QFile elsewhere(folder.filePath(u"elsewhere"_s));
-    QVERIFY(elsewhere.open(QIODevice::WriteOnly) && elsewhere.write("[Service]\n") > 0);
-    elsewhere.close();
-    const QHash<QString, QString> targets{{u"mask"_s, u"/dev/null"_s},
-                                          {u"link"_s, elsewhere.fileName()},
-                                          {u"dangling"_s, folder.filePath(u"gone"_s)}};
-    QStringList folders;
-    for (const QString &level : {u"user"_s, u"system"_s}) {
-        folders.append(folder.filePath(level));
-        QVERIFY(QDir().mkpath(folders.last()));
-        const QString unit = folders.last() + u"/me.tarnel.quorvane-app.service"_s;
-        const QString kind =
-            *static_cast<const QString *>(QTest::qData(qPrintable(level), QMetaType::QString));
-        if (targets.contains(kind))
-            QVERIFY(QFile::link(targets.value(kind), unit));
-        else if (kind == "file"_L1)
-            QVERIFY(elsewhere.copy(unit));
-        else if (kind == "empty"_L1)
-            QVERIFY(QFile(unit).open(QIODevice::WriteOnly));
-    }
-    QTEST(SystemdManager(nullptr, folders).hasAgent(), "hasAgent");
+    const auto place = [&folder](const char *level) {
+        const QString kind = *static_cast<QString *>(QTest::qData(level, QMetaType::QString));
+        const QString unit = folder.filePath(QLatin1StringView(level)) + u"/me.tarnel.quorvane-app.service"_s;
+        QVERIFY(QDir().mkpath(QFileInfo(unit).path()));
+        if (kind.startsWith(u'/'))
+            QVERIFY(QFile::link(kind, unit));
+        QFile file(unit);
+        if (kind == "file"_L1 || kind == "empty"_L1)
+            QVERIFY(file.open(QIODevice::WriteOnly) &&
+                    file.write(kind == "file"_L1 ? "[Service]\n" : "") >= 0);
+    };
+    place("user");
+    place("system");
+    const SystemdManager manager(nullptr, {folder.filePath(u"user"_s), folder.filePath(u"system"_s)});
+    QTEST(manager.hasAgent(), "hasAgent");
 }
 
 // Against systemd-analyze(1), which knows; without the folders of generators and of its own state.
@@ -93,40 +85,27 @@ void SystemdManagerTest::unitsAreLookedForWhereTheServiceManagerDoes()
     QCOMPARE(SystemdManager::systemUnitFolders(), expected);
 }
 
-void SystemdManagerTest::onlyAPlainNumberIsAProcess_data()
+void SystemdManagerTest::onlyAPlainNumberOfALoadedAgentIsAProcess_data()
 {
     QTest::addColumn<QByteArray>("said");
     QTest::addColumn<Process>("process");
-    QTest::newRow("runs") << QByteArray("4242") << Process(4242);
-    QTest::newRow("the largest") << QByteArray("2147483647") << Process(2147483647);
-    QTest::newRow("does not run") << QByteArray("0") << Process();
-    QTest::newRow("too large") << QByteArray("2147483648") << Process();
-    QTest::newRow("negative") << QByteArray("-1") << Process();
-    QTest::newRow("more than a number") << QByteArray("12 (running)") << Process();
-    QTest::newRow("nothing") << QByteArray() << Process();
+    const Process failure = Failure(make_error_code(std::errc::no_such_process));
+    const Process none = std::optional<qint32>();
+    QTest::newRow("runs") << QByteArray("MainPID=2147483647\nLoadState=loaded\n") << Process(2147483647);
+    QTest::newRow("does not run") << QByteArray("MainPID=0\nLoadState=loaded\n") << none;
+    QTest::newRow("too large") << QByteArray("MainPID=2147483648\nLoadState=loaded\n") << none;
+    QTest::newRow("more than a number") << QByteArray("MainPID=12 (running)\nLoadState=loaded\n") << none;
+    QTest::newRow("no number") << QByteArray("LoadState=loaded\n") << none;
+    QTest::newRow("masked") << QByteArray("MainPID=0\nLoadState=masked\n") << failure;
+    QTest::newRow("unknown") << QByteArray("MainPID=12\n") << failure;
+    QTest::newRow("no text") << QByteArray("MainPID=12\nLoadState=loaded\xff\n") << failure;
 }
 
-void SystemdManagerTest::onlyAPlainNumberIsAProcess()
+void SystemdManagerTest::onlyAPlainNumberOfALoadedAgentIsAProcess()
 {
     QFETCH(QByteArray, said);
-    const auto process = AgentState::processFrom("MainPID=" + said + "\nLoadState=loaded\n");
-    QVERIFY(process);
-    QTEST(*process, "process");
-}
-
-void SystemdManagerTest::anAgentThatIsNotLoadedIsAFailure_data()
-{
-    QTest::addColumn<QByteArray>("said");
-    QTest::newRow("masked") << QByteArray("MainPID=0\nLoadState=masked\n");
-    QTest::newRow("unknown") << QByteArray("MainPID=0\nLoadState=not-found\n");
-    QTest::newRow("no such line") << QByteArray("MainPID=12\n");
-    QTest::newRow("no text") << QByteArray("MainPID=12\nLoadState=loaded\xff\n");
-}
-
-void SystemdManagerTest::anAgentThatIsNotLoadedIsAFailure()
-{
-    QFETCH(QByteArray, said);
-    QVERIFY(!AgentState::processFrom(said));
+    QFETCH(Process, process);
+    QVERIFY(AgentState::processFrom(said) == process);
 }
 
 void SystemdManagerTest::withoutAServiceManagerEveryQuestionFailsAtOnce()
