@@ -42,8 +42,9 @@ foreach(line IN LISTS lines)
   endif()
 endforeach()
 list(JOIN depends ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-  "default-dbus-session-bus | dbus-session-bus, evolution-data-server, gnome-keyring | libpam-kwallet5 | keepassxc, xdg-desktop-portal")
+string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS
+  "default-dbus-session-bus | dbus-session-bus" evolution-data-server
+  "gnome-keyring | libpam-kwallet5 | keepassxc" xdg-desktop-portal)
 
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "")

@@ -74,7 +74,8 @@ class Contents(Package):
     def test_desktops_understand_what_they_are_told(self):
         for entry in ("usr/share/applications", "etc/xdg/autostart"):
             self.assertEqual(output_of("desktop-file-validate", self.packed(entry + "/me.tarnel.Quorvane.desktop")), "")
-        output_of("appstreamcli", "validate", "--no-net", self.packed("usr/share/metainfo/me.tarnel.Quorvane.metainfo.xml"))
+        output_of("appstreamcli", "validate", "--no-net",
+                  self.packed("usr/share/metainfo/me.tarnel.Quorvane.metainfo.xml"))
 
     def test_the_manual_renders(self):
         manual = output_of("man", "--warnings", "-Tutf8", "-Z", "-l", self.packed("usr/share/man/man1/quorvane.1.gz"),

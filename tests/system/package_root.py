@@ -22,8 +22,8 @@ mount -t tmpfs tmpfs tmp
 mount -t tmpfs tmpfs run
 exec chroot . sh -c 'echo ready; exec sleep infinity'
 """
-ENVIRONMENT = ["env", "-i", "PATH=/usr/sbin:/usr/bin:/sbin:/bin", "HOME=/tmp/home", "XDG_RUNTIME_DIR=/run/session", "LC_ALL=C.UTF-8",
-               "DEBIAN_FRONTEND=noninteractive"]
+ENVIRONMENT = ["env", "-i", "PATH=/usr/sbin:/usr/bin:/sbin:/bin", "HOME=/tmp/home",
+               "XDG_RUNTIME_DIR=/run/session", "LC_ALL=C.UTF-8", "DEBIAN_FRONTEND=noninteractive"]
 
 
 class PackageRoot:
