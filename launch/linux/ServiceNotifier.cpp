@@ -73,6 +73,8 @@ bool ServiceNotifier::send(const QByteArray &state) const
     const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + std::size_t(m_socket.size()));
 
     const FileDescriptor socket(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    if (!socket.isValid())
+        return false;
     // A manager that takes nothing must not stop the alerts.
     const timeval patience{.tv_sec = 0, .tv_usec = 200'000};
     ::setsockopt(socket.value(), SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
