@@ -3,6 +3,7 @@
 
 #include "app/AgentHandOver.h"
 
+#include "app/StartWish.h"
 #include "app/UserFolders.h"
 #include "instance/linux/RuntimeFolderChannel.h"
 #include "instance/linux/SessionBusChannel.h"
@@ -18,11 +19,10 @@ namespace quorvane {
 
 namespace {
 
-/// Whoever opens the program wants to see it.
 void activateAgent(int argc, char **argv, const QStringList &arguments)
 {
     const QCoreApplication application(argc, argv);
-    const Activation activation = Activation::ofStart(arguments);
+    const Activation activation = activationOfStart(arguments);
     if (!SessionBusChannel().handOver(activation))
         static_cast<void>(RuntimeFolderChannel(UserFolders::runtimeFolder()).handOver(activation));
 }

@@ -3,16 +3,18 @@
 
 #include "alert/linux/DesktopPlatform.h"
 #include "app/AgentHandOver.h"
+#include "app/InformationDictionary.h"
 #include "app/MemoryPrivacy.h"
+#include "app/ProgramResources.h"
 #include "app/QuitSignals.h"
 #include "app/QuorvaneApp.h"
 #include "app/QuorvaneCLI.h"
+#include "app/StartWish.h"
 #include "app/UserFolders.h"
 #include "instance/SingleInstance.h"
 #include "instance/linux/RuntimeFolderChannel.h"
 #include "instance/linux/SessionBusChannel.h"
 #include "launch/linux/ServiceNotifier.h"
-#include "launch/linux/ServiceStart.h"
 #include "model/linux/SystemClock.h"
 
 #include <QApplication>
@@ -43,12 +45,11 @@ QProcessEnvironment environmentForOthers()
     return environment;
 }
 
-quorvane::Activation wishOf(const QStringList &arguments)
+QString versionOfProgram()
 {
-    quorvane::Activation activation = quorvane::Activation::ofStart(arguments);
-    if (quorvane::isStartedAsService())
-        activation.wish = quorvane::Activation::Wish::nothing;
-    return activation;
+    const QString folder = QCoreApplication::applicationDirPath();
+    return quorvane::InformationDictionary::read(quorvane::ProgramResources::informationDictionary(folder))
+        .shortVersion.value_or(u"Development"_s);
 }
 
 int runApplication(int argc, char **argv, const QStringList &arguments)
@@ -56,7 +57,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     using namespace quorvane;
     ServiceNotifier notifier;
     const QProcessEnvironment environment = environmentForOthers();
-    const Activation activation = wishOf(arguments);
+    const Activation activation = activationOfStart(arguments);
     if (preparePlatform() == SessionKind::none && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         std::puts("Quorvane needs a display: start it inside a graphical session.");
         return EXIT_FAILURE;
@@ -65,7 +66,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     QApplication application(argc, argv);
     quitSignals.listen();
     QApplication::setApplicationName(u"Quorvane"_s);
-    QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
+    QApplication::setApplicationVersion(versionOfProgram());
     QApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
     QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
 

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/StartWish.h"
+
+#include "launch/linux/ServiceStart.h"
+
+namespace quorvane {
+
+Activation activationOfStart(const QStringList &arguments)
+{
+    Activation activation = Activation::ofStart(arguments);
+    if (isStartedAsService())
+        activation.wish = Activation::Wish::nothing;
+    return activation;
+}
+
+} // namespace quorvane
