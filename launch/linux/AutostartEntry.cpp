@@ -23,9 +23,14 @@ Failure inputOutputError()
     return Failure(make_error_code(std::errc::io_error));
 }
 
+/// Says what systemd says to those it starts: nobody has asked for a window.
+const QByteArray quietStart = "SYSTEMD_EXEC_PID=$$ exec \"$0\"";
+
 QByteArray entryFor(const QString &executable)
 {
     const QByteArray path = QFile::encodeName(executable);
+    const QByteArray command = "sh -c " + DesktopEntryText::commandArgument(quietStart) + ' ' +
+                               DesktopEntryText::commandArgument(path);
     return "[Desktop Entry]\n"
            "Type=Application\n"
            "Name=Quorvane\n"
@@ -35,7 +40,7 @@ QByteArray entryFor(const QString &executable)
            DesktopEntryText::string(path) +
            "\n"
            "Exec=" +
-           DesktopEntryText::string(DesktopEntryText::commandArgument(path)) +
+           DesktopEntryText::string(command) +
            "\n"
            "Terminal=false\n"
            "X-GNOME-Autostart-enabled=true\n";
@@ -64,7 +69,7 @@ QStringList AutostartEntry::systemConfigurationFolders()
 
 Result<void> AutostartEntry::add()
 {
-    if (!DesktopEntryText::isExecutableNameable(QFile::encodeName(m_executable)))
+    if (!QDir::isAbsolutePath(m_executable))
         return Failure(make_error_code(std::errc::invalid_argument));
     return write(entryFor(m_executable));
 }
@@ -86,13 +91,15 @@ bool AutostartEntry::systemHasEntry() const
                                [](const QString &entry) { return QFileInfo::exists(entry); });
 }
 
-// The whole file or none: half an entry would start something else.
+// The whole file or none: half an entry would start something else. Flushed here, since committing alone does
+// not notice that the last bytes found no place.
 Result<void> AutostartEntry::write(const QByteArray &content) const
 {
     if (!QDir().mkpath(QFileInfo(m_entry).path()))
         return inputOutputError();
     QSaveFile file(m_entry);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() ||
+        !file.commit())
         return inputOutputError();
     return {};
 }

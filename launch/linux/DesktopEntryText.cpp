@@ -48,9 +48,4 @@ QByteArray commandArgument(const QByteArray &argument)
     return text + '"';
 }
 
-bool isExecutableNameable(const QByteArray &path)
-{
-    return path.startsWith('/') && !path.contains('=');
-}
-
 } // namespace quorvane::DesktopEntryText

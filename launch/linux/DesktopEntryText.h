@@ -15,8 +15,4 @@ namespace quorvane::DesktopEntryText {
 /// whatever it holds, and with no field codes in it.
 [[nodiscard]] QByteArray commandArgument(const QByteArray &argument);
 
-/// Whether Exec can start it: the specification allows no equals sign in an executable's path, and only an
-/// absolute one means the same program everywhere.
-[[nodiscard]] bool isExecutableNameable(const QByteArray &path);
-
 } // namespace quorvane::DesktopEntryText

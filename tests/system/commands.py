@@ -4,6 +4,7 @@
 """The command line: what a script sees of it, with a real keyring and a server of the user's own."""
 import json
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -71,7 +72,7 @@ class Login(CommandTest):
         self.assertEqual(self.command("--enable-login"), (0, "Start at login registered.\n"))
         self.assertEqual(self.files(), [ENTRY])
         with open(self.path("config", ENTRY), encoding="utf-8") as file:
-            self.assertIn(f"Exec={os.path.realpath(binary())}\n", file.read())
+            self.assertRegex(file.read(), rf'\nExec=sh .*"{re.escape(os.path.realpath(binary()))}"\n')
         removed = "Duplicate login registration removed; the Quorvane launch agent remains active.\n"
         for _ in range(2):
             self.assertEqual(self.command("--disable-login-service"), (0, removed))

@@ -42,7 +42,8 @@ void AutostartEntryTest::anyExecutableIsStarted()
     const QString started = folder.filePath(u"started"_s);
     QFile script(executable);
     QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\nprintf '%s ' \"$0\" \"$@\" > '" + started.toUtf8() + "'\n");
+    script.write("#!/bin/sh\nprintf '%s ' \"$((SYSTEMD_EXEC_PID == $$))\" \"$0\" \"$@\" > '" +
+                 started.toUtf8() + "'\n");
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     script.close();
 
@@ -63,7 +64,7 @@ void AutostartEntryTest::anyExecutableIsStarted()
     QTRY_VERIFY(QFile(started).size() > 0);
     QFile said(started);
     QVERIFY(said.open(QIODevice::ReadOnly));
-    QCOMPARE(QString::fromUtf8(said.readAll()), executable + u' ');
+    QCOMPARE(QString::fromUtf8(said.readAll()), u"1 "_s + executable + u' ');
     launcher.waitForFinished();
 }
 
@@ -74,14 +75,13 @@ void AutostartEntryTest::aPercentSignIsNoFieldCode()
     QVERIFY(AutostartEntry(u"/opt/100%f/quorvane"_s, {folder.path()}).add());
     QFile file(folder.filePath(u"autostart/me.tarnel.Quorvane.desktop"_s));
     QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(file.readAll().contains("\nTryExec=/opt/100%f/quorvane\nExec=\"/opt/100%%f/quorvane\"\n"));
+    QVERIFY(file.readAll().contains(" \"/opt/100%%f/quorvane\"\n"));
 }
 
 void AutostartEntryTest::whatNoEntryCanNameIsRefused()
 {
     const QTemporaryDir folder;
-    for (const QString &executable : {u"/opt/a=b/quorvane"_s, u"quorvane"_s})
-        QVERIFY(!AutostartEntry(executable, {folder.path()}).add());
+    QVERIFY(!AutostartEntry(u"quorvane"_s, {folder.path()}).add());
     QVERIFY(QDir(folder.path()).isEmpty());
 }
 
