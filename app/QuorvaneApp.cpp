@@ -18,7 +18,7 @@
 #include "calendars/linux/FolderStore.h"
 #include "calendars/linux/PortalFolderChooser.h"
 #include "instance/linux/WindowActivation.h"
-#include "launch/linux/ServiceStart.h"
+#include "launch/linux/StartKind.h"
 #include "model/linux/SecondTicker.h"
 #include "model/linux/SystemWakeSource.h"
 #include "model/linux/TimerSlackActivities.h"
@@ -61,8 +61,8 @@ struct QuorvaneApp::Parts
 {
     Parts(const QProcessEnvironment &environment, const Clock &time)
         : clock(time)
-        , opener(environment,
-                 isStartedAsService() ? XdgLinkOpener::Start::byServiceManager : XdgLinkOpener::Start::direct)
+        , opener(environment, startKind() == StartKind::agent ? XdgLinkOpener::Start::byServiceManager
+                                                              : XdgLinkOpener::Start::direct)
     {
     }
 
@@ -160,7 +160,7 @@ void QuorvaneApp::show(const QStringList &arguments)
 {
     showTray();
     const bool wantsAlert = arguments.contains(u"--preview-overlay"_s);
-    if (isStartedAsService()) {
+    if (startKind() != StartKind::person) {
         if (wantsAlert)
             model().previewAlert();
         return;

@@ -3,14 +3,14 @@
 
 #include "app/StartWish.h"
 
-#include "launch/linux/ServiceStart.h"
+#include "launch/linux/StartKind.h"
 
 namespace quorvane {
 
 Activation activationOfStart(const QStringList &arguments)
 {
     Activation activation = Activation::ofStart(arguments);
-    if (isStartedAsService())
+    if (startKind() != StartKind::person)
         activation.wish = Activation::Wish::nothing;
     return activation;
 }

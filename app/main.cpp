@@ -15,6 +15,7 @@
 #include "instance/linux/RuntimeFolderChannel.h"
 #include "instance/linux/SessionBusChannel.h"
 #include "launch/linux/ServiceNotifier.h"
+#include "launch/linux/StartKind.h"
 #include "model/linux/SystemClock.h"
 
 #include <QApplication>
@@ -100,6 +101,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
+    static_cast<void>(quorvane::startKind()); // out of the environment, before anything inherits it
     const QStringList arguments = argumentsAfterName(argc, argv);
     quorvane::QuorvaneCLI::prepare(arguments);
     quorvane::keepMemoryPrivate();

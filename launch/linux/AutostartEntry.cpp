@@ -23,14 +23,14 @@ Failure inputOutputError()
     return Failure(make_error_code(std::errc::io_error));
 }
 
-/// Says what systemd says to those it starts: nobody has asked for a window.
-const QByteArray quietStart = "SYSTEMD_EXEC_PID=$$ exec \"$0\"";
+/// Without a shell, whose dollar signs and quotes systemd's generator of units from such entries does not
+/// hand on as they are. See `StartKind`.
+const QByteArray startedAtLogin = "env QUORVANE_START=login ";
 
 QByteArray entryFor(const QString &executable)
 {
     const QByteArray path = QFile::encodeName(executable);
-    const QByteArray command = "sh -c " + DesktopEntryText::commandArgument(quietStart) + ' ' +
-                               DesktopEntryText::commandArgument(path);
+    const QByteArray command = startedAtLogin + DesktopEntryText::commandArgument(path);
     return "[Desktop Entry]\n"
            "Type=Application\n"
            "Name=Quorvane\n"

@@ -72,7 +72,7 @@ class Login(CommandTest):
         self.assertEqual(self.command("--enable-login"), (0, "Start at login registered.\n"))
         self.assertEqual(self.files(), [ENTRY])
         with open(self.path("config", ENTRY), encoding="utf-8") as file:
-            self.assertRegex(file.read(), rf'\nExec=sh .*"{re.escape(os.path.realpath(binary()))}"\n')
+            self.assertRegex(file.read(), rf'\nExec=env QUORVANE_START=login "{re.escape(os.path.realpath(binary()))}"\n')
         removed = "Duplicate login registration removed; the Quorvane launch agent remains active.\n"
         for _ in range(2):
             self.assertEqual(self.command("--disable-login-service"), (0, removed))

@@ -57,12 +57,11 @@ class Program:
         os.makedirs(self.calendars, exist_ok=True)
         # Which of Qt's platforms suits the session is for the program to find out.
         command = [binary(), *self.arguments]
-        if not self.window:
-            command = ["sh", "-c", 'SYSTEMD_EXEC_PID=$$ exec "$@"', "login", *command]
         if self.in_terminal:
             # Not every shell gives its place to the last command on its own; the process asked about is the program.
             command = ["script", "-qefc", "exec " + shlex.join(command), "/dev/null"]
-        self.process = self.desktop.start("quorvane", command, without=("QT_QPA_PLATFORM",),
+        start = {} if self.window else {"QUORVANE_START": "login"}
+        self.process = self.desktop.start("quorvane", command, without=("QT_QPA_PLATFORM",), **start,
                                           **self.environment)
 
     def kill(self):

@@ -42,7 +42,7 @@ void AutostartEntryTest::anyExecutableIsStarted()
     const QString started = folder.filePath(u"started"_s);
     QFile script(executable);
     QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\nprintf '%s ' \"$((SYSTEMD_EXEC_PID == $$))\" \"$0\" \"$@\" > '" +
+    script.write("#!/bin/sh\nprintf '%s ' \"$QUORVANE_START\" \"$0\" \"$@\" > '" +
                  started.toUtf8() + "'\n");
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     script.close();
@@ -64,7 +64,7 @@ void AutostartEntryTest::anyExecutableIsStarted()
     QTRY_VERIFY(QFile(started).size() > 0);
     QFile said(started);
     QVERIFY(said.open(QIODevice::ReadOnly));
-    QCOMPARE(QString::fromUtf8(said.readAll()), u"1 "_s + executable + u' ');
+    QCOMPARE(QString::fromUtf8(said.readAll()), u"login "_s + executable + u' ');
     launcher.waitForFinished();
 }
 
