@@ -175,7 +175,7 @@ void QuorvaneApp::activate(const Activation &activation)
 {
     if (activation.wish == Activation::Wish::nothing)
         return;
-    allowWindow(activation);
+    const WindowActivation permission(activation);
     m_dashboard->open();
     if (activation.wish == Activation::Wish::windowAndSampleAlert)
         model().previewAlert();

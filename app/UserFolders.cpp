@@ -4,6 +4,7 @@
 #include "app/UserFolders.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -38,7 +39,12 @@ QString calendarFolder()
 QString runtimeFolder()
 {
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return QDir::isAbsolutePath(folder) ? folder : below(QStandardPaths::GenericDataLocation, {});
+    if (QDir::isAbsolutePath(folder) && QFileInfo(folder).isDir() && QFileInfo(folder).isWritable())
+        return folder;
+    const QString data =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Quorvane"_s;
+    QDir().mkpath(data);
+    return data;
 }
 
 } // namespace quorvane::UserFolders

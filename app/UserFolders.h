@@ -15,7 +15,8 @@ namespace quorvane::UserFolders {
 /// $XDG_DATA_HOME/Quorvane/calendars
 [[nodiscard]] QString calendarFolder();
 
-/// Where a running copy is found: $XDG_RUNTIME_DIR, or $XDG_DATA_HOME/Quorvane in a session without one.
+/// Where a running copy is found: $XDG_RUNTIME_DIR, or $XDG_DATA_HOME/Quorvane, which is made if need be,
+/// where that cannot be used.
 [[nodiscard]] QString runtimeFolder();
 
 } // namespace quorvane::UserFolders

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "alert/linux/DesktopPlatform.h"
-#include "app/AgentHandOver.h"
 #include "app/InformationDictionary.h"
 #include "app/MemoryPrivacy.h"
 #include "app/ProgramResources.h"
 #include "app/QuitSignals.h"
 #include "app/QuorvaneApp.h"
 #include "app/QuorvaneCLI.h"
+#include "app/RunningCopy.h"
 #include "app/StartWish.h"
 #include "app/UserFolders.h"
 #include "instance/SingleInstance.h"
@@ -41,7 +41,8 @@ QStringList argumentsAfterName(int argc, char **argv)
 QProcessEnvironment environmentForOthers()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString &name : {u"XDG_ACTIVATION_TOKEN"_s, u"DESKTOP_STARTUP_ID"_s, u"SYSTEMD_EXEC_PID"_s})
+    for (const QString &name : {u"XDG_ACTIVATION_TOKEN"_s, u"DESKTOP_STARTUP_ID"_s, u"SYSTEMD_EXEC_PID"_s,
+                                u"INVOCATION_ID"_s, u"JOURNAL_STREAM"_s, u"MANAGERPID"_s})
         environment.remove(name);
     return environment;
 }
@@ -59,7 +60,12 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     ServiceNotifier notifier;
     const QProcessEnvironment environment = environmentForOthers();
     const Activation activation = activationOfStart(arguments);
+    const bool isPreview = arguments.contains(u"--preview"_s);
     if (preparePlatform() == SessionKind::none && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        if (!isPreview && RunningCopy::activate(argc, argv, arguments)) {
+            notifier.ready();
+            return EXIT_SUCCESS;
+        }
         std::puts("Quorvane needs a display: start it inside a graphical session.");
         return EXIT_FAILURE;
     }
@@ -74,8 +80,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     SessionBusChannel bus;
     RuntimeFolderChannel folder(UserFolders::runtimeFolder());
     SingleInstance instance({&bus, &folder});
-    if (!arguments.contains(u"--preview"_s) &&
-        instance.claim(activation) == SingleInstance::Outcome::handedOver) {
+    if (!isPreview && instance.claim(activation) == SingleInstance::Outcome::handedOver) {
         notifier.ready();
         return EXIT_SUCCESS;
     }
@@ -107,7 +112,7 @@ int main(int argc, char **argv)
     quorvane::keepMemoryPrivate();
     if (const auto status = quorvane::QuorvaneCLI::run(arguments))
         return *status;
-    if (quorvane::handOverToAgent(argc, argv, arguments))
+    if (quorvane::RunningCopy::handOverToAgent(argc, argv, arguments))
         return EXIT_SUCCESS;
     return runApplication(argc, argv, arguments);
 }

@@ -11,13 +11,13 @@
 namespace quorvane {
 
 /// A place that one copy of the program at a time can hold, and through which it is reached by others. Main
-/// thread only; every call blocks for `answerTime` at most.
+/// thread only. `claim` and `release` block no longer than the system takes for an answer of its own.
 class InstanceChannel : public QObject
 {
     Q_OBJECT
 
 public:
-    /// How long the copy that holds the place may take to answer, in milliseconds.
+    /// How long `handOver` may take, in milliseconds.
     static constexpr int answerTime = 5'000;
 
     enum class Claim {
@@ -25,7 +25,8 @@ public:
         held,
         /// Another copy holds it.
         taken,
-        /// There is no such place here, such as a bus in a session without one.
+        /// There is no such place here, such as a bus in a session without one, or it belongs to something
+        /// else.
         unavailable,
     };
 

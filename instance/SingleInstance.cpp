@@ -6,43 +6,68 @@
 #include <QDeadlineTimer>
 #include <QThread>
 
+#include <algorithm>
+
 namespace quorvane {
 
-SingleInstance::SingleInstance(std::vector<InstanceChannel *> channels, std::chrono::milliseconds limit)
+SingleInstance::SingleInstance(std::vector<InstanceChannel *> channels)
     : m_channels(std::move(channels))
-    , m_limit(limit)
 {
     for (InstanceChannel *channel : m_channels)
         connect(channel, &InstanceChannel::activated, this, &SingleInstance::activated);
+    connect(&m_retry, &QTimer::timeout, this, [this] {
+        if (!claimRest())
+            m_retry.stop();
+    });
 }
 
 SingleInstance::Outcome SingleInstance::claim(const Activation &activation)
 {
     constexpr unsigned long pause = 50;
-    const QDeadlineTimer limit(m_limit);
-    while (InstanceChannel *other = claimAll()) {
-        if (other->handOver(activation))
-            return Outcome::handedOver;
-        // It was just going, or gives way itself: what it held may be free a moment later.
-        if (limit.hasExpired())
-            break;
+    const QDeadlineTimer limit(patience);
+    std::optional<Outcome> outcome = tryOnce(activation);
+    // Who was just going, or gives way itself, leaves a free place a moment later.
+    while (!outcome && !limit.hasExpired()) {
         QThread::msleep(pause);
+        outcome = tryOnce(activation);
     }
+    if (outcome == Outcome::handedOver) {
+        for (InstanceChannel *channel : m_channels)
+            channel->release();
+        return Outcome::handedOver;
+    }
+    if (claimRest())
+        m_retry.start(retryInterval);
     return Outcome::first;
 }
 
-// A copy that meets another one at a later channel keeps none of the earlier ones, so that who comes then
-// finds the one that stays.
-InstanceChannel *SingleInstance::claimAll()
+// A channel whose holder does not answer does not keep this copy from the next one, at which it may meet the
+// copy that works. Absent while nothing is decided.
+std::optional<SingleInstance::Outcome> SingleInstance::tryOnce(const Activation &activation)
 {
-    for (std::size_t i = 0; i < m_channels.size(); ++i) {
-        if (m_channels[i]->claim() != InstanceChannel::Claim::taken)
-            continue;
-        for (std::size_t held = 0; held < i; ++held)
-            m_channels[held]->release();
-        return m_channels[i];
+    bool isContested = false;
+    for (InstanceChannel *channel : m_channels) {
+        switch (channel->claim()) {
+        case InstanceChannel::Claim::held:
+            isContested = false;
+            break;
+        case InstanceChannel::Claim::taken:
+            if (channel->handOver(activation))
+                return Outcome::handedOver;
+            isContested = true;
+            break;
+        case InstanceChannel::Claim::unavailable:
+            break;
+        }
     }
-    return nullptr;
+    return isContested ? std::nullopt : std::optional(Outcome::first);
+}
+
+bool SingleInstance::claimRest()
+{
+    return std::ranges::count_if(m_channels, [](InstanceChannel *channel) {
+               return channel->claim() == InstanceChannel::Claim::taken;
+           }) > 0;
 }
 
 } // namespace quorvane

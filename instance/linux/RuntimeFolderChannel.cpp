@@ -3,7 +3,8 @@
 
 #include "instance/linux/RuntimeFolderChannel.h"
 
-#include <QDir>
+#include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -12,6 +13,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -55,11 +57,21 @@ QString RuntimeFolderChannel::path(QLatin1StringView ending) const
     return m_folder + "/me.tarnel.Quorvane"_L1 + ending;
 }
 
+// The path, or what stands for one that is longer than an address may be (unix(7)).
+RuntimeFolderChannel::Address RuntimeFolderChannel::address() const
+{
+    constexpr qsizetype longestPath = sizeof(sockaddr_un::sun_path) - 1;
+    const QByteArray file = QFile::encodeName(path(".socket"_L1));
+    if (file.size() <= longestPath)
+        return {QFile::decodeName(file), Switch::off};
+    const QByteArray digest = QCryptographicHash::hash(file, QCryptographicHash::Sha256).toHex();
+    return {u"me.tarnel.Quorvane-"_s + QLatin1StringView(digest), Switch::on};
+}
+
 InstanceChannel::Claim RuntimeFolderChannel::claim()
 {
     if (m_lock.isValid())
         return Claim::held;
-    QDir().mkpath(m_folder);
     // The sticky bit keeps the file from being tidied away (XDG Base Directory Specification 0.8).
     FileDescriptor lock(::open(QFile::encodeName(path(".lock"_L1)).constData(), O_RDWR | O_CREAT | O_CLOEXEC,
                                S_IRUSR | S_IWUSR | S_ISVTX));
@@ -82,10 +94,15 @@ void RuntimeFolderChannel::release()
 void RuntimeFolderChannel::listen()
 {
     m_server = std::make_unique<QLocalServer>();
-    m_server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(m_server.get(), &QLocalServer::newConnection, this, &RuntimeFolderChannel::serve);
-    QLocalServer::removeServer(path(".socket"_L1));
-    m_server->listen(path(".socket"_L1));
+    const Address place = address();
+    if (place.isAbstract == Switch::on) {
+        m_server->setSocketOptions(QLocalServer::AbstractNamespaceOption);
+    } else {
+        m_server->setSocketOptions(QLocalServer::UserAccessOption);
+        QLocalServer::removeServer(place.name);
+    }
+    m_server->listen(place.name);
 }
 
 void RuntimeFolderChannel::serve()
@@ -111,12 +128,16 @@ void RuntimeFolderChannel::serve()
 Result<void> RuntimeFolderChannel::handOver(const Activation &activation)
 {
     QLocalSocket socket;
-    socket.connectToServer(path(".socket"_L1));
+    const Address place = address();
+    if (place.isAbstract == Switch::on)
+        socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
+    socket.connectToServer(place.name);
+    const QDeadlineTimer limit(answerTime);
     if (!socket.waitForConnected(answerTime))
         return Failure(std::make_error_code(std::errc::no_such_process));
     socket.write(encoded(activation));
     while (!socket.canReadLine()) {
-        if (!socket.waitForReadyRead(answerTime))
+        if (!socket.waitForReadyRead(static_cast<int>(limit.remainingTime())))
             return Failure(std::make_error_code(std::errc::timed_out));
     }
     return socket.readLine() == accepted

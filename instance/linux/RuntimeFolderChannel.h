@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "core/Switch.h"
 #include "instance/InstanceChannel.h"
 #include "posix/FileDescriptor.h"
 
@@ -19,7 +20,6 @@ class RuntimeFolderChannel final : public InstanceChannel
     Q_OBJECT
 
 public:
-    /// The folder is made if it is missing.
     explicit RuntimeFolderChannel(QString folder);
     ~RuntimeFolderChannel() override;
 
@@ -28,8 +28,16 @@ public:
     [[nodiscard]] Result<void> handOver(const Activation &activation) override;
 
 private:
+    struct Address
+    {
+        QString name;
+        /// In no folder, but known to the kernel.
+        Switch isAbstract;
+    };
+
     void listen();
     void serve();
+    [[nodiscard]] Address address() const;
     [[nodiscard]] QString path(QLatin1StringView ending) const;
 
     QString m_folder;

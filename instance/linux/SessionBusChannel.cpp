@@ -17,6 +17,9 @@ const QString name = u"me.tarnel.Quorvane"_s;
 const QString path = u"/me/tarnel/Quorvane"_s;
 const QString interface = u"org.freedesktop.Application"_s;
 
+/// The bus answers at once or not at all, in milliseconds.
+constexpr int busTime = 1'000;
+
 QDBusMessage messageFor(const Activation &activation)
 {
     const QString action = ApplicationInterface::actionFor(activation.wish);
@@ -36,6 +39,8 @@ SessionBusChannel::SessionBusChannel(QDBusConnection bus)
     : m_bus(std::move(bus))
 {
     connect(&m_interface, &ApplicationInterface::activated, this, &InstanceChannel::activated);
+    if (m_bus.isConnected())
+        m_bus.interface()->setTimeout(busTime);
 }
 
 // The object comes first: who finds the name may call at once.

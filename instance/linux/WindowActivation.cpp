@@ -15,6 +15,8 @@ namespace quorvane {
 
 namespace {
 
+constexpr const char *tokenVariable = "XDG_ACTIVATION_TOKEN";
+
 using SetTime = void (*)(QScreen *screen, quint32 time);
 
 /// The server's time of what the person did, in milliseconds, as the startup id ends with it (Startup
@@ -38,15 +40,21 @@ void setUserTime(quint32 time)
 
 } // namespace
 
-// Qt takes a token from the environment when a window asks to be activated, and removes it there.
-void allowWindow(const Activation &activation)
+// Qt takes a token from the environment when a window asks to be activated.
+WindowActivation::WindowActivation(const Activation &activation)
 {
     if (!activation.token.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", activation.token.toUtf8());
+        qputenv(tokenVariable, activation.token.toUtf8());
     if (QGuiApplication::platformName() != "xcb"_L1)
         return;
     if (const quint32 time = timeOf(activation.startupId); time != 0)
         setUserTime(time);
+}
+
+// One that no window has asked for is not for another window later.
+WindowActivation::~WindowActivation()
+{
+    qunsetenv(tokenVariable);
 }
 
 } // namespace quorvane

@@ -5,10 +5,18 @@
 
 #include "instance/Activation.h"
 
+#include <QtGlobal>
+
 namespace quorvane {
 
-/// Lets the next window that asks for it come to the front as `activation` permits. Needs the application
-/// object; call it right before.
-void allowWindow(const Activation &activation);
+/// While it lives, a window that asks for it comes to the front as `activation` permits. Needs the
+/// application object.
+class WindowActivation final
+{
+public:
+    explicit WindowActivation(const Activation &activation);
+    ~WindowActivation();
+    Q_DISABLE_COPY_MOVE(WindowActivation)
+};
 
 } // namespace quorvane

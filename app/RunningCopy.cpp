@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/AgentHandOver.h"
+#include "app/RunningCopy.h"
 
 #include "app/StartWish.h"
 #include "app/UserFolders.h"
@@ -15,27 +15,24 @@
 
 #include <unistd.h>
 
-namespace quorvane {
+namespace quorvane::RunningCopy {
 
-namespace {
-
-void activateAgent(int argc, char **argv, const QStringList &arguments)
+bool activate(int argc, char **argv, const QStringList &arguments)
 {
     const QCoreApplication application(argc, argv);
     const Activation activation = activationOfStart(arguments);
-    if (!SessionBusChannel().handOver(activation))
-        static_cast<void>(RuntimeFolderChannel(UserFolders::runtimeFolder()).handOver(activation));
+    return SessionBusChannel().handOver(activation) ||
+           RuntimeFolderChannel(UserFolders::runtimeFolder()).handOver(activation);
 }
-
-} // namespace
 
 bool handOverToAgent(int argc, char **argv, const QStringList &arguments)
 {
     const SystemdManager manager(std::make_shared<PosixProcessRunner>(), SystemdManager::systemUnitFolders());
     if (!LaunchSupervisor(manager, arguments, ::getpid()).redirectToRegisteredAgent())
         return false;
-    activateAgent(argc, argv, arguments);
+    // Whether it answers changes nothing: it is the one that raises the alerts.
+    static_cast<void>(activate(argc, argv, arguments));
     return true;
 }
 
-} // namespace quorvane
+} // namespace quorvane::RunningCopy
