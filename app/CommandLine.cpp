@@ -5,14 +5,13 @@
 
 #include "app/CommandLineStreams.h"
 #include "app/PartSetups.h"
+#include "app/PreviewError.h"
 #include "app/PreviewExporter.h"
 #include "app/UserFolders.h"
 #include "calendars/CalendarReader.h"
 #include "calendars/FantasticalReader.h"
 #include "calendars/linux/EvolutionEventWriter.h"
-#include "calendars/linux/EvolutionStore.h"
 #include "calendars/linux/FolderEventWriter.h"
-#include "calendars/linux/FolderStore.h"
 #include "commands/CalendarStatusCommand.h"
 #include "commands/ExitStatus.h"
 #include "commands/LoginCommands.h"
@@ -61,11 +60,9 @@ struct Background
 
 std::vector<std::unique_ptr<CalendarStore>> calendarStores(const Preferences &preferences)
 {
-    const QStringList folders = QStringList{UserFolders::calendarFolder()} + preferences.calendarFolders();
-    std::vector<std::unique_ptr<CalendarStore>> stores;
-    stores.push_back(std::make_unique<EvolutionStore>());
-    stores.push_back(std::make_unique<FolderStore>(folders, preferences.ownAddresses()));
-    return stores;
+    PartSetups::CalendarStores stores = PartSetups::calendarStores();
+    stores.use(preferences.calendarFolders(), preferences.ownAddresses());
+    return std::move(stores.all);
 }
 
 TestMeetingCommand::Writers eventWriters()
@@ -82,6 +79,14 @@ AutostartEntry loginEntry()
                           AutostartEntry::systemConfigurationFolders());
 }
 
+/// A name that could not be decoded would be that of another folder.
+Result<void> exportPreviews(const QString &folder)
+{
+    if (folder.contains(QChar::ReplacementCharacter))
+        return Failure(make_error_code(PreviewError::folderUnavailable));
+    return PreviewExporter::exportTo(folder);
+}
+
 } // namespace
 
 int renderPreviews(const QString &folder)
@@ -89,7 +94,7 @@ int renderPreviews(const QString &folder)
     Arguments arguments;
     const QGuiApplication application(arguments.count, arguments.values);
     QGuiApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
-    const Result<void> exported = PreviewExporter::exportTo(folder);
+    const Result<void> exported = exportPreviews(folder);
     // What the application's parts leave to an event loop that never ran.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (exported) {

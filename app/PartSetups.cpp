@@ -4,6 +4,9 @@
 #include "app/PartSetups.h"
 
 #include "app/ProgramResources.h"
+#include "app/UserFolders.h"
+#include "calendars/linux/EvolutionStore.h"
+#include "calendars/linux/FolderStore.h"
 #include "model/Clock.h"
 #include "model/Preferences.h"
 #include "network/PinnedCertificate.h"
@@ -22,6 +25,21 @@ QByteArray pinnedCertificate()
 }
 
 } // namespace
+
+void CalendarStores::use(const QStringList &chosenFolders, const QStringList &ownAddresses) const
+{
+    folders->use(QStringList{UserFolders::calendarFolder()} + chosenFolders, ownAddresses);
+}
+
+CalendarStores calendarStores()
+{
+    auto folders = std::make_unique<FolderStore>(QStringList{UserFolders::calendarFolder()}, QStringList());
+    CalendarStores stores;
+    stores.folders = folders.get();
+    stores.all.push_back(std::make_unique<EvolutionStore>());
+    stores.all.push_back(std::move(folders));
+    return stores;
+}
 
 FantasticalReader::Configuration fantasticalReader(const Preferences &preferences)
 {

@@ -14,8 +14,6 @@
 #include "app/TrayScene.h"
 #include "app/UserFolders.h"
 #include "calendars/linux/DesktopFolderChooser.h"
-#include "calendars/linux/EvolutionStore.h"
-#include "calendars/linux/FolderStore.h"
 #include "calendars/linux/PortalFolderChooser.h"
 #include "instance/linux/WindowActivation.h"
 #include "launch/linux/StartKind.h"
@@ -37,14 +35,6 @@ using namespace Qt::StringLiterals;
 namespace quorvane {
 
 namespace {
-
-std::vector<std::unique_ptr<CalendarStore>> calendarStores(FolderStore *folders)
-{
-    std::vector<std::unique_ptr<CalendarStore>> stores;
-    stores.push_back(std::make_unique<EvolutionStore>());
-    stores.push_back(std::unique_ptr<CalendarStore>(folders));
-    return stores;
-}
 
 std::vector<std::unique_ptr<FolderChooser>> folderChoosers()
 {
@@ -71,9 +61,8 @@ struct QuorvaneApp::Parts
     SecondTicker ticks;
     SystemWakeSource wakes{ticks};
     TimerSlackActivities activities;
-    /// The reader becomes its owner.
-    FolderStore *folderStore = new FolderStore({UserFolders::calendarFolder()}, {});
-    CalendarReader calendarReader{calendarStores(folderStore)};
+    PartSetups::CalendarStores calendarStores{PartSetups::calendarStores()};
+    CalendarReader calendarReader{std::move(calendarStores.all)};
     FantasticalReader fantasticalReader{PartSetups::fantasticalReader(preferences)};
     DesktopFolderChooser folderChooser{folderChoosers()};
     FantasticalAccess fantasticalAccess{QDir::homePath(), folderChooser, [this](const QString &folder) {
@@ -127,8 +116,8 @@ std::unique_ptr<AppModel> QuorvaneApp::makeModel(AppModel::Mode mode)
         .opener = m_parts->opener,
         .folderChooser = m_parts->folderChooser,
         .useCalendarFolders =
-            [&store = *m_parts->folderStore](const QStringList &folders, const QStringList &ownAddresses) {
-                store.use(QStringList{UserFolders::calendarFolder()} + folders, ownAddresses);
+            [&stores = m_parts->calendarStores](const QStringList &folders, const QStringList &ownAddresses) {
+                stores.use(folders, ownAddresses);
             },
     };
     return std::make_unique<AppModel>(mode, services);
