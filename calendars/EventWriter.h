@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "calendars/records/DefaultCalendar.h"
 #include "calendars/records/NewEvent.h"
 #include "core/Result.h"
 
 #include <QCoroTask>
-#include <QString>
 
 #include <optional>
 
@@ -22,10 +22,10 @@ public:
     virtual ~EventWriter() = default;
     Q_DISABLE_COPY_MOVE(EventWriter)
 
-    /// The title of the calendar that new events go to, as people see it; absent when there is none that can
-    /// be written. Nothing is made or changed. Fails with `CalendarError::timedOut`, or with the service's
-    /// own error, when that cannot be told.
-    [[nodiscard]] virtual QCoro::Task<Result<std::optional<QString>>> defaultCalendar() = 0;
+    /// The calendar that new events go to. Absent only where the place itself is not there, such as a service
+    /// that is not installed: one that is there and does not answer, or does not name a calendar, fails with
+    /// `CalendarError` instead. Nothing is made or changed.
+    [[nodiscard]] virtual QCoro::Task<Result<std::optional<DefaultCalendar>>> defaultCalendar() = 0;
 
     /// Puts the event into that calendar, which is looked for anew. Fails with the system's or the service's
     /// error; then it is not there, unless the service hung.

@@ -60,11 +60,11 @@ NewEvent TestMeetingCommand::meeting(double now)
 
 QCoro::Task<int> TestMeetingCommand::run(double now)
 {
-    const bool hasAccess = co_await CalendarAccess::isAllowed(m_reader);
-    const Choice choice = co_await choose();
-    if (!choice.writer && !hasAccess)
+    const bool isAllowed = co_await CalendarAccess::isAllowed(m_reader);
+    if (!isAllowed)
         co_return CalendarAccess::refuse(m_print);
-    if (!choice.writer) {
+    const Choice choice = co_await choose();
+    if (!choice.calendar.isWritable) {
         m_print(u"No writable default calendar is available."_s);
         co_return ExitStatus::noWritableCalendar;
     }
@@ -75,16 +75,16 @@ QCoro::Task<int> TestMeetingCommand::run(double now)
         co_return ExitStatus::meetingNotSaved;
     }
     m_print(u"Created a test meeting at %1 in %2."_s.arg(MeetingFormat::clockTime(event.start),
-                                                         printable(choice.calendar)));
+                                                         printable(choice.calendar.title)));
     co_return ExitStatus::success;
 }
 
-// One that does not answer may well have a calendar, so that none after it is the default one.
+// A place that does not answer, or whose calendar takes no events, has the default calendar nevertheless.
 QCoro::Task<TestMeetingCommand::Choice> TestMeetingCommand::choose() const
 {
     Choice choice;
     for (const std::unique_ptr<EventWriter> &writer : m_writers) {
-        const Result<std::optional<QString>> calendar = co_await writer->defaultCalendar();
+        const Result<std::optional<DefaultCalendar>> calendar = co_await writer->defaultCalendar();
         if (!calendar)
             break;
         if (*calendar) {

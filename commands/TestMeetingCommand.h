@@ -23,14 +23,12 @@ class TestMeetingCommand final
 public:
     using Writers = std::vector<std::unique_ptr<EventWriter>>;
 
-    /// `reader` must outlive the command. The first of `writers` that has a calendar is the one.
+    /// `reader` must outlive the command. The first of `writers` whose place is there is the one, whatever
+    /// can be done with its calendar.
     TestMeetingCommand(CalendarReader &reader, Writers writers, PrintLine print);
 
     /// `now` is Unix time in seconds. Gives an `ExitStatus`: `success`, `noCalendarAccess`,
-    /// `noWritableCalendar` or `meetingNotSaved`.
-    ///
-    /// A writer that can make its calendar counts as access: where no calendar was ever set up there is
-    /// nothing that could refuse it, and the test begins with making one.
+    /// `noWritableCalendar` or `meetingNotSaved`. No writer is asked for anything without access.
     [[nodiscard]] QCoro::Task<int> run(double now);
 
     /// The meeting, as of `now`.
@@ -41,7 +39,7 @@ private:
     {
         /// Null when there is none.
         EventWriter *writer = nullptr;
-        QString calendar;
+        DefaultCalendar calendar;
     };
     [[nodiscard]] QCoro::Task<Choice> choose() const;
 

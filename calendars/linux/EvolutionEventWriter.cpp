@@ -22,20 +22,25 @@ public:
     {
     }
 
-    Result<std::optional<QString>> defaultCalendar(const std::stop_token &stop)
+    Result<std::optional<DefaultCalendar>> defaultCalendar(const std::stop_token &stop)
     {
         const CallLimit limit(m_callLimit, stop);
+        const Result<bool> isThere = wakeEvolutionService(limit.cancellable());
+        if (!isThere)
+            return Failure(isThere.error());
+        if (!*isThere)
+            return std::nullopt;
         const Result<GlibPointer<ESource>> source = defaultSource(limit.cancellable());
         if (!source)
             return Failure(source.error());
-        if (!*source)
-            return std::nullopt;
+        DefaultCalendar calendar{.title = QString::fromUtf8(e_source_get_display_name(source->get()))};
+        if (!e_source_registry_check_enabled(m_registry.get(), source->get()))
+            return calendar;
         const Result<GlibPointer<ECalClient>> client = open(source->get(), limit.cancellable());
         if (!client)
             return Failure(client.error());
-        if (e_client_is_readonly(E_CLIENT(client->get())))
-            return std::nullopt;
-        return QString::fromUtf8(e_source_get_display_name(source->get()));
+        calendar.isWritable = e_client_is_readonly(E_CLIENT(client->get())) == FALSE;
+        return calendar;
     }
 
     Result<void> add(const NewEvent &event, const std::stop_token &stop)
@@ -44,8 +49,6 @@ public:
         const Result<GlibPointer<ESource>> source = defaultSource(limit.cancellable());
         if (!source)
             return Failure(source.error());
-        if (!*source)
-            return Failure(make_error_code(CalendarError::unavailable));
         const Result<GlibPointer<ECalClient>> client = open(source->get(), limit.cancellable());
         if (!client)
             return Failure(client.error());
@@ -59,14 +62,9 @@ public:
     }
 
 private:
-    /// Null when there is none that is switched on.
+    /// Never null. Ask when the service is awake.
     Result<GlibPointer<ESource>> defaultSource(GCancellable *cancellable)
     {
-        if (const Result<void> awake = wakeEvolutionService(cancellable); !awake) {
-            if (awake.error() == CalendarError::unavailable)
-                return nullptr;
-            return Failure(awake.error());
-        }
         if (!m_registry) {
             GError *error = nullptr;
             m_registry.reset(e_source_registry_new_sync(cancellable, &error));
@@ -74,8 +72,8 @@ private:
                 return Failure(make_error_code(calendarError(GlibError(error))));
         }
         GlibPointer<ESource> source(e_source_registry_ref_default_calendar(m_registry.get()));
-        if (source && !e_source_registry_check_enabled(m_registry.get(), source.get()))
-            source.reset();
+        if (!source)
+            return Failure(make_error_code(CalendarError::unavailable));
         return source;
     }
 
@@ -105,9 +103,9 @@ EvolutionEventWriter::~EvolutionEventWriter()
     m_worker.post([session = std::move(m_session)]() mutable { session.reset(); });
 }
 
-QCoro::Task<Result<std::optional<QString>>> EvolutionEventWriter::defaultCalendar()
+QCoro::Task<Result<std::optional<DefaultCalendar>>> EvolutionEventWriter::defaultCalendar()
 {
-    return m_worker.run<std::optional<QString>>(
+    return m_worker.run<std::optional<DefaultCalendar>>(
         [session = m_session](const std::stop_token &stop) { return session->defaultCalendar(stop); });
 }
 

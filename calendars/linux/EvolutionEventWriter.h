@@ -10,16 +10,15 @@
 
 namespace quorvane {
 
-/// New events go to the default calendar of the desktop's accounts, as Evolution Data Server knows it; where
-/// the service is not installed, or that calendar is switched off or takes no events, there is none. Nobody
-/// is sent an invitation.
+/// New events go to the default calendar of the desktop's accounts, as Evolution Data Server knows it; there
+/// is none where the service is not installed or there is no session bus. Nobody is sent an invitation.
 class EvolutionEventWriter final : public EventWriter
 {
 public:
     explicit EvolutionEventWriter(BoundedWorker::Limit limit = BoundedWorker::defaultLimit);
     ~EvolutionEventWriter() override;
 
-    [[nodiscard]] QCoro::Task<Result<std::optional<QString>>> defaultCalendar() override;
+    [[nodiscard]] QCoro::Task<Result<std::optional<DefaultCalendar>>> defaultCalendar() override;
     [[nodiscard]] QCoro::Task<Result<void>> add(NewEvent event) override;
 
 private:

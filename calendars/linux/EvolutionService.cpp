@@ -20,21 +20,32 @@ constexpr const char *busName = "org.freedesktop.DBus";
 constexpr const char *serviceNamePrefix = "org.gnome.evolution.dataserver.Sources";
 constexpr const char *calendarServicePrefix = "org.gnome.evolution.dataserver.Calendar";
 
-Failure unavailable()
+Failure failure(GError *error)
 {
-    return Failure(make_error_code(CalendarError::unavailable));
+    return Failure(make_error_code(calendarError(GlibError(error))));
+}
+
+/// Null when there is none. What hangs may be one.
+Result<GlibPointer<GDBusConnection>> sessionBus(GCancellable *cancellable)
+{
+    GError *error = nullptr;
+    GlibPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, &error));
+    if (!bus && calendarError(GlibError(error)) == CalendarError::timedOut)
+        return Failure(make_error_code(CalendarError::timedOut));
+    return bus;
 }
 
 /// The name with this prefix, if the bus lists one; `method` is ListNames or ListActivatableNames.
-std::optional<std::string> serviceName(GDBusConnection *bus, const char *prefix, const char *method,
-                                       GCancellable *cancellable)
+Result<std::optional<std::string>> serviceName(GDBusConnection *bus, const char *prefix, const char *method,
+                                               GCancellable *cancellable)
 {
+    GError *error = nullptr;
     const Variant answer(g_dbus_connection_call_sync(bus, busName, "/org/freedesktop/DBus", busName, method,
                                                      nullptr, G_VARIANT_TYPE("(as)"), G_DBUS_CALL_FLAGS_NONE,
-                                                     -1, cancellable, nullptr),
+                                                     -1, cancellable, &error),
                          g_variant_unref);
     if (!answer)
-        return std::nullopt;
+        return failure(error);
     const Variant names(g_variant_get_child_value(answer.get(), 0), g_variant_unref);
     for (gsize i = 0; i < g_variant_n_children(names.get()); ++i) {
         const Variant name(g_variant_get_child_value(names.get(), i), g_variant_unref);
@@ -45,39 +56,49 @@ std::optional<std::string> serviceName(GDBusConnection *bus, const char *prefix,
     return std::nullopt;
 }
 
-} // namespace
-
-Result<void> wakeEvolutionService(GCancellable *cancellable)
+Result<bool> ping(GDBusConnection *bus, const std::string &name, GCancellable *cancellable)
 {
-    const GlibPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
-    if (!bus)
-        return unavailable();
-    // By default GLib ends the process with its session bus.
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    std::optional<std::string> name = serviceName(bus.get(), serviceNamePrefix, "ListNames", cancellable);
-    if (!name)
-        name = serviceName(bus.get(), serviceNamePrefix, "ListActivatableNames", cancellable);
-    if (!name)
-        return unavailable();
     GError *error = nullptr;
-    const Variant answer(g_dbus_connection_call_sync(bus.get(), name->c_str(), "/",
-                                                     "org.freedesktop.DBus.Peer", "Ping", nullptr, nullptr,
-                                                     G_DBUS_CALL_FLAGS_NONE, -1, cancellable, &error),
+    const Variant answer(g_dbus_connection_call_sync(bus, name.c_str(), "/", "org.freedesktop.DBus.Peer",
+                                                     "Ping", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
+                                                     cancellable, &error),
                          g_variant_unref);
     if (!answer)
-        return Failure(make_error_code(calendarError(GlibError(error))));
-    return {};
+        return failure(error);
+    return true;
+}
+
+} // namespace
+
+Result<bool> wakeEvolutionService(GCancellable *cancellable)
+{
+    const Result<GlibPointer<GDBusConnection>> bus = sessionBus(cancellable);
+    if (!bus)
+        return Failure(bus.error());
+    if (!*bus)
+        return false;
+    // By default GLib ends the process with its session bus.
+    g_dbus_connection_set_exit_on_close(bus->get(), FALSE);
+    for (const char *list : {"ListNames", "ListActivatableNames"}) {
+        const auto name = serviceName(bus->get(), serviceNamePrefix, list, cancellable);
+        if (!name)
+            return Failure(name.error());
+        if (*name)
+            return ping(bus->get(), **name, cancellable);
+    }
+    return false;
 }
 
 std::string calendarServiceOwner(GCancellable *cancellable)
 {
-    const GlibPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
-    const auto name =
-        bus ? serviceName(bus.get(), calendarServicePrefix, "ListNames", cancellable) : std::nullopt;
-    if (!name)
+    const Result<GlibPointer<GDBusConnection>> bus = sessionBus(cancellable);
+    if (!bus || !*bus)
         return {};
-    const Variant answer(g_dbus_connection_call_sync(bus.get(), busName, "/org/freedesktop/DBus", busName,
-                                                     "GetNameOwner", g_variant_new("(s)", name->c_str()),
+    const auto name = serviceName(bus->get(), calendarServicePrefix, "ListNames", cancellable);
+    if (!name || !*name)
+        return {};
+    const Variant answer(g_dbus_connection_call_sync(bus->get(), busName, "/org/freedesktop/DBus", busName,
+                                                     "GetNameOwner", g_variant_new("(s)", (*name)->c_str()),
                                                      G_VARIANT_TYPE("(s)"), G_DBUS_CALL_FLAGS_NONE, -1,
                                                      cancellable, nullptr),
                          g_variant_unref);

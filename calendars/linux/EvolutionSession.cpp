@@ -66,8 +66,11 @@ Result<void> EvolutionSession::connect(const std::stop_token &stop)
     if (m_registry)
         return {};
     const CallLimit limit(m_callLimit * 2, stop); // the service may have to be started
-    if (const Result<void> awake = wakeEvolutionService(limit.cancellable()); !awake)
-        return awake;
+    const Result<bool> isAwake = wakeEvolutionService(limit.cancellable());
+    if (!isAwake)
+        return Failure(isAwake.error());
+    if (!*isAwake)
+        return Failure(make_error_code(CalendarError::unavailable));
     GError *error = nullptr;
     m_registry.reset(e_source_registry_new_sync(limit.cancellable(), &error));
     if (!m_registry)

@@ -5,11 +5,11 @@
 
 #include "calendars/ical/NewEventText.h"
 #include "calendars/linux/FolderScan.h"
+#include "posix/WholeFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <unistd.h>
 
@@ -34,25 +34,16 @@ QString nearestExisting(QString path)
     return path;
 }
 
-std::optional<QString> titleOf(const QString &calendar)
+DefaultCalendar calendarAt(const QString &folder)
 {
-    if (!isUsableFolder(nearestExisting(calendar)))
-        return std::nullopt;
-    return FolderScan::nameOf(QFile::encodeName(calendar).toStdString());
-}
-
-bool write(const QString &path, const QByteArray &text)
-{
-    QSaveFile file(path);
-    // Flushed here: committing alone does not notice that the last bytes found no place.
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() &&
-           file.commit();
+    return {.title = FolderScan::nameOf(QFile::encodeName(folder).toStdString()),
+            .isWritable = isUsableFolder(nearestExisting(folder))};
 }
 
 Result<void> addFile(const QString &calendar, const NewEvent &event)
 {
     const QString path = calendar + u'/' + event.uid + QStringLiteral(".ics");
-    if (QDir().mkpath(calendar) && write(path, NewEventText::calendar(event)))
+    if (QDir().mkpath(calendar) && writeWholeFile(path, NewEventText::calendar(event)))
         return {};
     QDir().rmdir(calendar); // if it was made for this
     return Failure(std::make_error_code(std::errc::io_error));
@@ -66,10 +57,10 @@ FolderEventWriter::FolderEventWriter(const QString &folder, BoundedWorker::Limit
 {
 }
 
-QCoro::Task<Result<std::optional<QString>>> FolderEventWriter::defaultCalendar()
+QCoro::Task<Result<std::optional<DefaultCalendar>>> FolderEventWriter::defaultCalendar()
 {
-    return m_worker.run<std::optional<QString>>(
-        [calendar = m_calendar](const std::stop_token &) { return titleOf(calendar); });
+    return m_worker.run<std::optional<DefaultCalendar>>(
+        [calendar = m_calendar](const std::stop_token &) { return calendarAt(calendar); });
 }
 
 QCoro::Task<Result<void>> FolderEventWriter::add(NewEvent event)

@@ -11,7 +11,7 @@
 namespace quorvane {
 
 /// New events go to a calendar of this program's own in a folder of calendars: a folder there, with a file
-/// for each event, as `FolderStore` reads it. Both are made with the first event. There is none where the
+/// for each event, as `FolderStore` reads it. Both are made with the first event. It takes none where the
 /// folder, or what it would have to be made in, cannot be listed and written.
 class FolderEventWriter final : public EventWriter
 {
@@ -23,7 +23,7 @@ public:
     explicit FolderEventWriter(const QString &folder,
                                BoundedWorker::Limit limit = BoundedWorker::defaultLimit);
 
-    [[nodiscard]] QCoro::Task<Result<std::optional<QString>>> defaultCalendar() override;
+    [[nodiscard]] QCoro::Task<Result<std::optional<DefaultCalendar>>> defaultCalendar() override;
     [[nodiscard]] QCoro::Task<Result<void>> add(NewEvent event) override;
 
 private:

@@ -13,7 +13,7 @@ using namespace quorvane;
 
 namespace {
 
-enum class Default { there, absent, unknown };
+enum class Default { writable, readOnly, absent, unknown };
 
 class ScriptedWriter final : public EventWriter
 {
@@ -25,11 +25,13 @@ public:
     {
     }
 
-    [[nodiscard]] QCoro::Task<Result<std::optional<QString>>> defaultCalendar() override
+    [[nodiscard]] QCoro::Task<Result<std::optional<DefaultCalendar>>> defaultCalendar() override
     {
         if (m_calendar == Default::unknown)
             co_return Failure(make_error_code(CalendarError::timedOut));
-        co_return m_calendar == Default::there ? std::optional(QString(m_title)) : std::nullopt;
+        if (m_calendar == Default::absent)
+            co_return std::nullopt;
+        co_return DefaultCalendar{.title = m_title, .isWritable = m_calendar == Default::writable};
     }
 
     [[nodiscard]] QCoro::Task<Result<void>> add(NewEvent) override
@@ -67,15 +69,15 @@ void CalendarChoiceTest::aTestMeetingGoesToTheFirstDefaultCalendar_data()
     const auto hangs = make_error_code(CalendarError::timedOut);
     const QStringList none;
 
-    QTest::addRow("both have one") << allowed << Default::there << Default::there << 0 << QStringList{u"1"_s};
-    QTest::addRow("the first has none")
-        << allowed << Default::absent << Default::there << 0 << QStringList{u"2"_s};
-    QTest::addRow("nothing was ever set up")
-        << absent << Default::absent << Default::there << 0 << QStringList{u"2"_s};
-    QTest::addRow("neither has one") << allowed << Default::absent << Default::absent << 4 << none;
-    QTest::addRow("nothing can be set up") << absent << Default::absent << Default::absent << 3 << none;
-    QTest::addRow("the first may have one") << allowed << Default::unknown << Default::there << 4 << none;
-    QTest::addRow("nobody answers") << hangs << Default::unknown << Default::there << 3 << none;
+    QTest::addRow("both have one") << allowed << Default::writable << Default::writable << 0
+                                   << QStringList{u"1"_s};
+    QTest::addRow("the first is not there")
+        << allowed << Default::absent << Default::writable << 0 << QStringList{u"2"_s};
+    QTest::addRow("neither is there") << allowed << Default::absent << Default::absent << 4 << none;
+    QTest::addRow("the first is read-only") << allowed << Default::readOnly << Default::writable << 4 << none;
+    QTest::addRow("the first may have one") << allowed << Default::unknown << Default::writable << 4 << none;
+    QTest::addRow("nothing was ever set up") << absent << Default::absent << Default::writable << 3 << none;
+    QTest::addRow("nobody answers") << hangs << Default::writable << Default::writable << 3 << none;
 }
 
 void CalendarChoiceTest::aTestMeetingGoesToTheFirstDefaultCalendar()

@@ -5,6 +5,7 @@
 import glob
 import os
 import re
+import socket
 import time
 
 import evolution
@@ -60,9 +61,9 @@ class CalendarCommands(CommandTest):
         for absent in ("ATTENDEE", "ORGANIZER"):
             self.assertNotIn(absent, text)
 
-    def use_read_only_default(self):
+    def choose_default(self, calendar):
         self.put(self.path("config", "glib-2.0/settings/keyfile"),
-                 "[org/gnome/evolution]\ndefault-calendar='birthdays'\n")
+                 f"[org/gnome/evolution]\ndefault-calendar='{calendar}'\n")
 
     def test_what_all_calendars_hold_is_counted(self):
         evolution.seed(self.session, *(Event(f"{number}", seconds_from_now(3600 * number)) for number in (1, 2)))
@@ -79,12 +80,10 @@ class CalendarCommands(CommandTest):
         self.assertEqual(self.files(), before)
 
     def test_without_any_calendar_there_is_no_access(self):
-        self.assertEqual(self.command("--calendar-status", **NO_BUS), (3, NO_ACCESS))
-        self.assertEqual(self.files(), [])
-        os.makedirs(self.path("data", "Quorvane"))
-        os.symlink("nowhere", self.own_folder())
         for flag in ("--calendar-status", "--create-test-meeting"):
             self.assertEqual(self.command(flag, **NO_BUS), (3, NO_ACCESS))
+        self.assertEqual(self.files(), [])
+        self.assertFalse(os.path.exists(self.path("data", "Quorvane")))
 
     def test_a_test_meeting_goes_to_the_default_calendar(self):
         starts = self.create("Personal")
@@ -93,6 +92,7 @@ class CalendarCommands(CommandTest):
         self.assertEqual(self.files(), [])
 
     def test_without_a_calendar_service_it_goes_to_the_folder(self):
+        os.makedirs(self.own_folder())
         starts = self.create("Quorvane", **NO_BUS)
         name, = self.files()
         self.assertRegex(name, r"^Quorvane/calendars/Quorvane/[0-9a-f-]{36}\.ics$")
@@ -108,27 +108,52 @@ class CalendarCommands(CommandTest):
         self.create("My [31m tests", **NO_BUS)
         self.assertEqual(self.command("--calendar-status", **NO_BUS), (0, ALLOWED.format(1, 2)))
 
-    def test_a_default_calendar_that_takes_no_events_is_none(self):
-        self.use_read_only_default()
-        self.create("Quorvane")
-        os.rename(self.own_folder(), self.path("data", "away"))
-        self.put(self.own_folder())
+    def test_a_default_calendar_that_is_read_only_is_not_got_around(self):
+        os.makedirs(self.own_folder())
+        self.choose_default("birthdays")
         self.assertEqual(self.command("--create-test-meeting"), (4, NO_CALENDAR))
+        self.assertEqual(self.files(), [])
+
+    def test_a_default_calendar_that_is_switched_off_is_not_got_around(self):
+        os.makedirs(self.own_folder())
+        evolution.seed(self.session, enabled=False)
+        self.choose_default("meetings1")
+        self.assertEqual(self.command("--create-test-meeting"), (4, NO_CALENDAR))
+        self.assertEqual(self.files(), [])
+
+    def test_a_folder_that_cannot_be_written(self):
+        os.makedirs(self.own_folder())
+        self.put(self.own_folder("Quorvane"))
+        self.assertEqual(self.command("--create-test-meeting", **NO_BUS), (4, NO_CALENDAR))
 
     def test_a_meeting_that_cannot_be_saved(self):
+        os.makedirs(self.own_folder())
         full = ("sh", "-c", 'trap "" XFSZ; ulimit -f 0; exec "$@"', "full")
         self.assertEqual(self.command("--create-test-meeting", wrapper=full, **NO_BUS),
                          (5, "Could not create the calendar test.\n"))
         self.assertEqual(self.files(), [])
         self.assertEqual(glob.glob(self.own_folder("*")), [])
 
-    def test_a_calendar_service_that_hangs_ends_a_command_too(self):
+    def test_what_hangs_is_not_got_around(self):
         self.command("--calendar-status")
+        os.makedirs(self.own_folder())
+        bus = socket.socket(socket.AF_UNIX)
+        self.addCleanup(bus.close)
+        bus.bind(os.path.join(self.session.folder, "silent"))
+        bus.listen()
+        silent_bus = f"DBUS_SESSION_BUS_ADDRESS=unix:path={bus.getsockname()}"
+        nothing = f"XDG_DATA_HOME={os.path.join(self.session.folder, 'nothing')}"
         begin = time.monotonic()
         with evolution.Stopped(self.session):
-            both = [self.start(flag) for flag in ("--calendar-status", "--create-test-meeting")]
-            for process in both:
-                self.assertEqual(self.outcome(process), (3, NO_ACCESS))
+            running = []
+            for hanging in ((), (silent_bus,)):
+                for surroundings, status, create in (((), (0, ALLOWED.format(0, 0)), (4, NO_CALENDAR)),
+                                                     ((nothing,), (3, NO_ACCESS), (3, NO_ACCESS))):
+                    wrapper = ("env", *hanging, *surroundings)
+                    running += [(self.start("--calendar-status", wrapper=wrapper), status),
+                                (self.start("--create-test-meeting", wrapper=wrapper), create)]
+            for process, outcome in running:
+                self.assertEqual(self.outcome(process), outcome)
         self.assertLess(time.monotonic() - begin, 40)
         self.assertEqual(self.files(), [])
 

@@ -42,7 +42,7 @@ client.create_object_sync(component, ECal.OperationFlags.DISABLE_ITIP_MESSAGE, N
 """
 
 
-def seed(desktop, *events):
+def seed(desktop, *events, enabled=True):
     """Writes an account with one calendar that holds these events, before the service starts."""
     sources = os.path.join(desktop.env["XDG_CONFIG_HOME"], "evolution/sources")
     calendar = os.path.join(desktop.env["XDG_DATA_HOME"], "evolution/calendar/meetings1")
@@ -51,7 +51,8 @@ def seed(desktop, *events):
     lines = ["BEGIN:VCALENDAR", "VERSION:2.0", "PRODID:-//Quorvane//test meetings//EN"]
     for event in events:
         lines += event.vevents()
-    files = {f"{sources}/account1.source": ACCOUNT, f"{sources}/meetings1.source": CALENDAR,
+    description = CALENDAR if enabled else CALENDAR.replace("Enabled=true", "Enabled=false")
+    files = {f"{sources}/account1.source": ACCOUNT, f"{sources}/meetings1.source": description,
              f"{calendar}/calendar.ics": "\r\n".join([*lines, "END:VCALENDAR"]) + "\r\n"}
     for path, text in files.items():
         with open(path, "w", encoding="utf-8", newline="") as file:
