@@ -65,6 +65,9 @@ class Arguments(CommandTest):
         self.put(self.path("data", "file"))
         self.assertEqual(self.command("--render-preview", self.path("data", "file", "below")),
                          (9, "Preview rendering failed: Quorvane.PreviewError\n"))
+        self.assertEqual(self.command("--render-preview", os.fsencode(self.path("data", "caf")) + b"\xe9"),
+                         (9, "Preview rendering failed: Quorvane.PreviewError\n"))
+        self.assertEqual(os.listdir(self.path("data")), ["file"])
 
 
 class Login(CommandTest):
