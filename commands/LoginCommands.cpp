@@ -13,11 +13,12 @@ namespace quorvane::LoginCommands {
 
 int enable(const ServiceManager &manager, LoginItem &item, const PrintLine &print)
 {
-    if (manager.hasAgent()) {
+    const bool hasAgent = manager.hasAgent();
+    if (hasAgent && item.restore()) {
         print(u"Start at login and crash restart are already configured."_s);
         return ExitStatus::success;
     }
-    if (item.add()) {
+    if (!hasAgent && item.add()) {
         print(u"Start at login registered."_s);
         return ExitStatus::success;
     }

@@ -14,7 +14,8 @@ class ServiceManager;
 /// `loginItemFailed`.
 namespace LoginCommands {
 
-/// Registers nothing where the service manager starts the program already.
+/// Where the service manager starts the program already, registers nothing, but takes back what
+/// `disableDuplicate` did to an entry that came with the system.
 [[nodiscard]] int enable(const ServiceManager &manager, LoginItem &item, const PrintLine &print);
 
 /// Takes away the desktop's own entry, which duplicates the service manager's agent.

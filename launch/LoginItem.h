@@ -10,7 +10,7 @@
 namespace quorvane {
 
 /// The entry by which the desktop itself starts this program at login, without looking after it any further.
-/// Where the service manager's agent does that, it is a duplicate. Both calls may be repeated.
+/// Where the service manager's agent does that, it is a duplicate. Every call may be repeated.
 class LoginItem
 {
 public:
@@ -21,6 +21,8 @@ public:
     [[nodiscard]] virtual Result<void> add() = 0;
     /// Succeeds too when there is none.
     [[nodiscard]] virtual Result<void> remove() = 0;
+    /// Takes back what `remove` did to an entry that came with the system, and registers nothing by itself.
+    [[nodiscard]] virtual Result<void> restore() = 0;
 };
 
 } // namespace quorvane

@@ -51,6 +51,8 @@ struct XdgLinkOpener::Outcome
 {
     std::function<void(bool opened)> done;
 
+    [[nodiscard]] bool isSettled() const { return !done; }
+
     void settle(bool opened)
     {
         if (const auto once = std::exchange(done, {}))
@@ -87,7 +89,10 @@ void XdgLinkOpener::startDirectly(const QString &link, std::shared_ptr<Outcome> 
         if (error == QProcess::FailedToStart)
             outcome->settle(false);
     });
-    judge(process, outcome);
+    connect(process, &QProcess::finished, this, [outcome](int status, QProcess::ExitStatus how) {
+        outcome->settle(how == QProcess::NormalExit && status == 0);
+    });
+    takeStayingForSuccess(process, outcome);
     process->start(u"xdg-open"_s, {link});
 }
 
@@ -115,13 +120,13 @@ void XdgLinkOpener::startUnit(const QString &link, std::shared_ptr<Outcome> outc
             giveUp();
     });
     connect(process, &QProcess::finished, this, giveUp);
-    connect(process, &QProcess::readyReadStandardError, this, [this, process, patience, outcome] {
+    connect(process, &QProcess::readyReadStandardError, this, [this, process, patience, link, outcome] {
         while (process->canReadLine()) {
             if (!process->readLine().startsWith("Running as unit:"))
                 continue;
             patience->stop();
             disconnect(process, nullptr, this, nullptr);
-            judge(process, outcome);
+            judgeUnit(process, link, outcome);
         }
     });
     patience->start(managerPatience);
@@ -129,13 +134,26 @@ void XdgLinkOpener::startUnit(const QString &link, std::shared_ptr<Outcome> outc
     process->setReadChannel(QProcess::StandardError);
 }
 
-/// What becomes of the link once xdg-open runs.
-void XdgLinkOpener::judge(QProcess *process, const std::shared_ptr<Outcome> &outcome)
+// The manager may not know the display that this program has. What ends after it has counted as opened was
+// the browser, and that a person has closed it is no reason to open it again.
+void XdgLinkOpener::judgeUnit(QProcess *process, const QString &link, const std::shared_ptr<Outcome> &outcome)
 {
-    connect(process, &QProcess::finished, this, [outcome](int status, QProcess::ExitStatus how) {
-        outcome->settle(how == QProcess::NormalExit && status == 0);
+    connect(process, &QProcess::finished, this, [this, link, outcome](int status, QProcess::ExitStatus how) {
+        if (how == QProcess::NormalExit && status == 0)
+            outcome->settle(true);
+        else if (!outcome->isSettled())
+            startDirectly(link, outcome);
     });
-    QTimer::singleShot(stayingTime, this, [outcome] { outcome->settle(true); });
+    takeStayingForSuccess(process, outcome);
+}
+
+void XdgLinkOpener::takeStayingForSuccess(QProcess *process, const std::shared_ptr<Outcome> &outcome)
+{
+    auto *patience = new QTimer(process);
+    patience->setSingleShot(true);
+    connect(patience, &QTimer::timeout, this, [outcome] { outcome->settle(true); });
+    connect(process, &QProcess::finished, patience, &QTimer::stop);
+    patience->start(stayingTime);
 }
 
 // Without a parent: a QProcess that is destroyed kills its program, and that may be the browser.

@@ -23,9 +23,9 @@ public:
     enum class Start {
         /// By this program.
         direct,
-        /// By the user's service manager, as a unit of its own; by this program where that fails. For a
-        /// program
-        /// that is a service itself: its browser would have its confinement, and would end with it.
+        /// By the user's service manager, as a unit of its own; by this program where that or the unit fails.
+        /// For a program that is a service itself: its browser would have its confinement, and would end
+        /// with it.
         byServiceManager,
     };
 
@@ -41,7 +41,8 @@ private:
 
     void startUnit(const QString &link, std::shared_ptr<Outcome> outcome);
     void startDirectly(const QString &link, std::shared_ptr<Outcome> outcome);
-    void judge(QProcess *process, const std::shared_ptr<Outcome> &outcome);
+    void judgeUnit(QProcess *process, const QString &link, const std::shared_ptr<Outcome> &outcome);
+    void takeStayingForSuccess(QProcess *process, const std::shared_ptr<Outcome> &outcome);
     [[nodiscard]] QProcess *newProcess() const;
 
     QProcessEnvironment m_environment;

@@ -78,6 +78,19 @@ Result<void> AutostartEntry::remove()
 {
     if (systemHasEntry())
         return write(hidingEntry);
+    return removeOwn();
+}
+
+Result<void> AutostartEntry::restore()
+{
+    QFile file(m_entry);
+    if (!file.open(QIODevice::ReadOnly) || file.read(hidingEntry.size() + 1) != hidingEntry)
+        return {};
+    return removeOwn();
+}
+
+Result<void> AutostartEntry::removeOwn() const
+{
     if (QFileInfo(m_entry).isSymLink() || QFileInfo::exists(m_entry)) {
         if (!QFile::remove(m_entry))
             return inputOutputError();

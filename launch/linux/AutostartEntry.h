@@ -28,9 +28,12 @@ public:
     /// Where the system has an entry of the same name, the user's stays and hides it: nothing else keeps it
     /// from being obeyed.
     [[nodiscard]] Result<void> remove() override;
+    /// What others have written to hide the system's entry stays.
+    [[nodiscard]] Result<void> restore() override;
 
 private:
     [[nodiscard]] bool systemHasEntry() const;
+    [[nodiscard]] Result<void> removeOwn() const;
     [[nodiscard]] Result<void> write(const QByteArray &content) const;
 
     QString m_executable;

@@ -74,8 +74,9 @@ class Login(CommandTest):
     def test_the_login_entry_comes_and_goes(self):
         self.assertEqual(self.command("--enable-login"), (0, "Start at login registered.\n"))
         self.assertEqual(self.files(), [ENTRY])
+        executable = re.escape(os.path.realpath(binary()))
         with open(self.path("config", ENTRY), encoding="utf-8") as file:
-            self.assertRegex(file.read(), rf'\nExec=env QUORVANE_START=login "{re.escape(os.path.realpath(binary()))}"\n')
+            self.assertRegex(file.read(), rf'\nExec=env QUORVANE_START=login "{executable}"\n')
         removed = "Duplicate login registration removed; the Quorvane launch agent remains active.\n"
         for _ in range(2):
             self.assertEqual(self.command("--disable-login-service"), (0, removed))
@@ -84,9 +85,19 @@ class Login(CommandTest):
     def test_the_agent_needs_no_login_entry(self):
         unit = "systemd/user/me.tarnel.quorvane-app.service"
         self.put(self.path("config", unit), "[Service]\nExecStart=quorvane\n")
-        self.assertEqual(self.command("--enable-login"),
-                         (0, "Start at login and crash restart are already configured.\n"))
-        self.assertEqual(self.files(), [unit])
+        system = os.path.join(self.session.home, "system")
+        self.session.env["XDG_CONFIG_DIRS"] = system
+        self.put(os.path.join(system, ENTRY), "[Desktop Entry]\n")
+        for hide in (False, True):
+            if hide:
+                self.assertEqual(self.command("--disable-login-service")[0], 0)
+                self.assertEqual(self.files(), [ENTRY, unit])
+            self.assertEqual(self.command("--enable-login"),
+                             (0, "Start at login and crash restart are already configured.\n"))
+            self.assertEqual(self.files(), [unit])
+        self.put(self.path("config", ENTRY), "[Desktop Entry]\nHidden=true\n")
+        self.assertEqual(self.command("--enable-login")[0], 0)
+        self.assertEqual(self.files(), [ENTRY, unit], "somebody else's entry is gone")
 
     def test_an_entry_that_cannot_be_changed(self):
         os.makedirs(self.path("config", ENTRY, "in the way"))

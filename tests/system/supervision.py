@@ -143,9 +143,23 @@ class Supervision(SystemTest):
 
         self.install("ExecStart=", "ExecStart=/bin/false")
         self.assert_runs_itself()
+        self.set("RestartSec=10ms", name="tries")
+        wait_until("many tries", lambda: int(self.show("NRestarts")) > 60, 30)
+        self.set()
+        wait_until("the agent, once it can", self.is_up, 20)
         self.desktop.systemctl("stop", UNIT)
         self.desktop.systemctl("mask", UNIT)
         self.assert_runs_itself()
+
+    def test_the_login_entry_starts_it_without_a_window(self):
+        self.assertEqual(self.open_by_hand("--enable-login"), (0, b"Start at login registered.\n", b""))
+        self.desktop.systemctl("daemon-reload")
+        self.desktop.systemctl("start", f"app-{APPLICATION}@autostart.service")
+        look = ("gdbus", "introspect", "--session", f"--dest={APPLICATION}", "--object-path=/me/tarnel/Quorvane")
+        wait_until("an answer of the program", lambda: self.desktop.run_inside(*look).returncode == 0, 20)
+        self.assertEqual(self.windows(), 0)
+        self.assertEqual(self.open_by_hand()[0], 0)
+        wait_until("the window", lambda: self.windows() == 1)
 
     def test_what_a_link_opened_outlives_the_program(self):
         tools = os.path.join(self.desktop.folder, "tools")

@@ -18,6 +18,8 @@ class AutostartEntryTest final : public QObject
 private Q_SLOTS:
     void anyExecutableIsStarted_data();
     void anyExecutableIsStarted();
+    void theServiceManagerMakesAUnitOfIt_data();
+    void theServiceManagerMakesAUnitOfIt();
     void aPercentSignIsNoFieldCode();
     void whatNoEntryCanNameIsRefused();
     void removingLeavesNothingThatStartsTheProgram();
@@ -42,8 +44,7 @@ void AutostartEntryTest::anyExecutableIsStarted()
     const QString started = folder.filePath(u"started"_s);
     QFile script(executable);
     QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\nprintf '%s ' \"$QUORVANE_START\" \"$0\" \"$@\" > '" +
-                 started.toUtf8() + "'\n");
+    script.write("#!/bin/sh\nprintf '%s ' \"$QUORVANE_START\" \"$0\" \"$@\" > '" + started.toUtf8() + "'\n");
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     script.close();
 
@@ -66,6 +67,40 @@ void AutostartEntryTest::anyExecutableIsStarted()
     QVERIFY(said.open(QIODevice::ReadOnly));
     QCOMPARE(QString::fromUtf8(said.readAll()), u"login "_s + executable + u' ');
     launcher.waitForFinished();
+}
+
+void AutostartEntryTest::theServiceManagerMakesAUnitOfIt_data()
+{
+    QTest::addColumn<QString>("folderName");
+    QTest::addColumn<QByteArray>("command");
+    QTest::newRow("a word") << u"bin"_s << QByteArray("%1/quorvane");
+    QTest::newRow("blanks") << u"two words"_s << QByteArray("\"%1/quorvane\"");
+    QTest::newRow("a percent sign") << u"100%f"_s << QByteArray("%1/quorvane");
+}
+
+// That the unit starts the program, and with no window, is in system.supervision.
+void AutostartEntryTest::theServiceManagerMakesAUnitOfIt()
+{
+    QFETCH(QString, folderName);
+    QFETCH(QByteArray, command);
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(folderName));
+    const QString executable = folder.filePath(folderName + u"/quorvane"_s);
+    QVERIFY(QFile::copy(u"/bin/true"_s, executable));
+    QVERIFY(AutostartEntry(executable, {folder.path()}).add());
+
+    QProcess generator;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"XDG_CONFIG_HOME"_s, folder.path());
+    generator.setProcessEnvironment(environment);
+    generator.start(u"/usr/lib/systemd/user-generators/systemd-xdg-autostart-generator"_s,
+                    {folder.path(), folder.path(), folder.path()});
+    QVERIFY2(generator.waitForStarted(), "systemd is not installed (./dev deps installs it)");
+    QVERIFY(generator.waitForFinished());
+    QFile unit(folder.filePath(u"app-me.tarnel.Quorvane@autostart.service"_s));
+    QVERIFY(unit.open(QIODevice::ReadOnly));
+    command.replace("%1", QFile::encodeName(QFileInfo(executable).path()).replace('%', "%%"));
+    QVERIFY(unit.readAll().contains("\nExecStart=:/usr/bin/env QUORVANE_START=login " + command + '\n'));
 }
 
 // By itself: GLib 2.74 finds no program whose path has one.
@@ -106,6 +141,7 @@ void AutostartEntryTest::removingLeavesNothingThatStartsTheProgram()
     }
     QCOMPARE(QProcess::execute(u"desktop-file-validate"_s, {file.fileName()}), 0);
     QVERIFY(entry.add());
+    QVERIFY(entry.restore());
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(!file.readAll().contains("Hidden"));
 }
