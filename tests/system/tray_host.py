@@ -2,7 +2,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A desktop's tray: it takes in the items that programs register on the session bus, and reads and clicks their menus
 as panels do."""
-import time
 from typing import NamedTuple
 
 from gi.repository import Gio, GLib
@@ -52,6 +51,7 @@ class TrayHost:
         self.has_panel = not without_panel
         self.bus = None
         self.items = []
+        self.questions = 0
         self.signals = []
 
     def __enter__(self):
@@ -80,6 +80,7 @@ class TrayHost:
         invocation.return_value(None)
 
     def _property(self, _connection, _sender, _path, _interface, name):
+        self.questions += 1
         return {"IsStatusNotifierHostRegistered": GLib.Variant("b", self.has_panel),
                 "ProtocolVersion": GLib.Variant("i", 0),
                 "RegisteredStatusNotifierItems": GLib.Variant("as", ["".join(item) for item in self.items])}[name]
@@ -87,12 +88,9 @@ class TrayHost:
     def _heard(self, _connection, _sender, _path, _interface, signal, _arguments):
         self.signals.append(signal)
 
-    def turn_for(self, seconds):
-        """Is there and does no more, for some seconds."""
-        deadline = time.monotonic() + seconds
-        while time.monotonic() < deadline:
-            turn()
-            time.sleep(0.02)
+    def wait_question(self):
+        """Waits until it has answered a program that looks for a panel."""
+        wait_until("a question for a panel", lambda: turn() or self.questions)
 
     def wait_item(self, seconds=10):
         """Waits for the first item and returns it."""

@@ -53,7 +53,7 @@ MenuContent::Shown MenuContent::current() const
 {
     return {
         .entries = currentEntries(),
-        .toolTip = u"Quorvane: "_s + MenuText::oneLine(m_model.status()),
+        .toolTip = u"Quorvane: "_s + MenuText::oneLine(QString(m_model.status()).replace(u"&"_s, u" and "_s)),
         .state = currentState(),
     };
 }

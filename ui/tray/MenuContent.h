@@ -30,7 +30,8 @@ public:
     /// A pause comes before what needs the user: calendars that fail, a phone that could not be told, a
     /// server of the user's that was given up with meetings ahead.
     [[nodiscard]] TrayState state() const { return m_shown.state; }
-    /// The program and how it is doing, in one line.
+    /// The program and how it is doing, in one line, without the ampersands that panels take for
+    /// markup.
     [[nodiscard]] const QString &toolTip() const { return m_shown.toolTip; }
 
     /// Does it, or has it done by whoever listens to the signal of its name. Waits for nothing.

@@ -127,6 +127,23 @@ private Q_SLOTS:
         QCOMPARE(asked, QStringList({u"open"_s, u"updates"_s, u"quit"_s}));
     }
 
+    void theToolTipIsNoMarkup()
+    {
+        f->store->failure = std::make_error_code(std::errc::io_error);
+        start();
+        QVERIFY(MenuContent(*f->model).toolTip().contains(u"Check Privacy and Security > "_s));
+    }
+
+    void theIconTellsOfAPhoneThatCouldNotBeTold()
+    {
+        f->phone.tell({{"status"_L1, 429}});
+        f->store->add(u"m"_s, noon + 100);
+        start();
+        const MenuContent content(*f->model);
+        f->tickAt(noon + 1);
+        QTRY_COMPARE(content.state(), TrayState::attention);
+    }
+
     void theIconTellsWhatNeedsTheUser()
     {
         f->useServer();

@@ -4,7 +4,11 @@
 #pragma once
 
 #include <QDBusServiceWatcher>
+#include <QDeadlineTimer>
 #include <QObject>
+#include <QTimer>
+
+class QDBusPendingCallWatcher;
 
 namespace quorvane {
 
@@ -18,16 +22,28 @@ public:
     explicit NotifierHost(QObject *parent = nullptr);
 
     void start();
+    /// Asks again, a moment from now. Whoever makes Qt ask the same question has to do so upon the answer: Qt
+    /// waits for it, and a watcher that does not answer would stop the program.
+    Q_SLOT void look();
+    /// An answer is to come. From a watcher that has come to a stop it never may.
+    [[nodiscard]] bool isLooking() const { return m_settle.isActive() || m_question != nullptr; }
 
 Q_SIGNALS:
     /// Told once.
     void appeared();
+    /// There is none now: something has answered so, or nothing can.
+    void missed();
 
 private:
-    Q_SLOT void ask();
-    void askRepeatedly();
+    void lookTwice();
+    void ask();
+    void take(QDBusPendingCallWatcher &answer);
 
     QDBusServiceWatcher m_watcher;
+    QTimer m_settle;
+    QDeadlineTimer m_latest;
+    /// The one whose answer counts.
+    const QDBusPendingCallWatcher *m_question = nullptr;
     bool m_hasAppeared = false;
 };
 

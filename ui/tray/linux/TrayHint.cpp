@@ -40,13 +40,18 @@ TrayHint::TrayHint(TrayIcon &icon, std::function<bool()> wasShown, std::function
     , m_remember(std::move(remember))
 {
     m_wait.setSingleShot(true);
+    m_wait.setInterval(patience);
     connect(&m_wait, &QTimer::timeout, this, &TrayHint::tell);
-    m_wait.start(patience);
+    m_wait.start();
 }
 
 void TrayHint::tell()
 {
-    if (m_icon.hasAppeared() || m_wasShown())
+    if (m_icon.mayAppear()) {
+        m_wait.start();
+        return;
+    }
+    if (m_wasShown() || m_icon.hasAppeared())
         return;
     auto *call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(notification()), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {

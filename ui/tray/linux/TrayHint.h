@@ -24,9 +24,9 @@ public:
     /// How long a tray may take to appear.
     static constexpr std::chrono::milliseconds usualPatience{15'000};
 
-    /// Waits for `patience` from now on. `wasShown` says whether the user has been told, in this run of the
-    /// program or an earlier one; `remember` is called once a notification service has taken the word.
-    /// `icon` must outlive this.
+    /// Waits for `patience` from now on, and as long again while a tray may still appear. `wasShown` says
+    /// whether the user has been told, in this run of the program or an earlier one; `remember` is called
+    /// once a notification service has taken the word. `icon` must outlive this.
     TrayHint(TrayIcon &icon, std::function<bool()> wasShown, std::function<void()> remember,
              QObject *parent = nullptr, std::chrono::milliseconds patience = usualPatience);
 

@@ -30,8 +30,9 @@ TrayIcon::TrayIcon(MenuContent &content, QObject *parent)
     m_patience.setInterval(patience);
     connect(&m_host, &NotifierHost::appeared, this, [this] { show(TrayKind::notifierItem); });
     connect(&m_panel, &EmbeddingPanel::appeared, &m_patience, qOverload<>(&QTimer::start));
-    connect(&m_patience, &QTimer::timeout, this, [this] {
-        if (m_panel.isThere())
+    connect(&m_patience, &QTimer::timeout, &m_host, &NotifierHost::look);
+    connect(&m_host, &NotifierHost::missed, this, [this] {
+        if (!m_patience.isActive() && m_panel.isThere())
             show(TrayKind::embedded);
     });
 }
@@ -42,6 +43,11 @@ void TrayIcon::start()
 {
     m_host.start();
     m_patience.start();
+}
+
+bool TrayIcon::mayAppear() const
+{
+    return !m_icon && (m_host.isLooking() || (m_patience.isActive() && m_panel.isThere()));
 }
 
 void TrayIcon::follow(const Appearance &appearance)

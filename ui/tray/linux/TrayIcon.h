@@ -7,7 +7,6 @@
 #include "ui/tray/linux/NotifierHost.h"
 #include "ui/tray/linux/TrayPicture.h"
 
-#include <QPointer>
 #include <QTimer>
 
 #include <memory>
@@ -37,6 +36,8 @@ public:
     void follow(const Appearance &appearance);
 
     [[nodiscard]] bool hasAppeared() const { return m_icon != nullptr; }
+    /// There may be a tray already; it is being found out.
+    [[nodiscard]] bool mayAppear() const;
 
 Q_SIGNALS:
     /// There is a tray, and the icon is in it. Told once.

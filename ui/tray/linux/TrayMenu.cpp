@@ -7,6 +7,8 @@
 #include "ui/tray/linux/TrayLabel.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QPalette>
 
 #include <algorithm>
 #include <ranges>
@@ -22,6 +24,14 @@ MenuEntry::Kind kindOf(const QAction &action)
     return action.isEnabled() ? MenuEntry::Kind::command : MenuEntry::Kind::text;
 }
 
+/// Nearer to the first one: black on white and white on black keep a contrast of 7 to 1.
+QColor between(const QColor &text, const QColor &ground)
+{
+    const auto mixed = [](int near, int far) { return (near * 7 + far * 3) / 10; };
+    return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
+            mixed(text.blue(), ground.blue())};
+}
+
 } // namespace
 
 TrayMenu::TrayMenu(MenuContent &content, TrayKind kind)
@@ -31,7 +41,22 @@ TrayMenu::TrayMenu(MenuContent &content, TrayKind kind)
     connect(&content, &MenuContent::changed, this, &TrayMenu::update);
     connect(&m_menu, &QMenu::triggered, this,
             [this](const QAction *action) { m_content.perform(action->data().value<MenuCommand>()); });
+    if (kind == TrayKind::embedded)
+        connect(&m_menu, &QMenu::aboutToShow, this, &TrayMenu::makeReadable);
     update();
+}
+
+// What cannot be chosen is there to be read, but styles fade it. Upon each opening, since the desktop may
+// have become dark.
+void TrayMenu::makeReadable()
+{
+    const QPalette usual = QApplication::palette(&m_menu);
+    QPalette palette;
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(
+            QPalette::Disabled, role,
+            between(usual.color(QPalette::Active, role), usual.color(QPalette::Active, QPalette::Window)));
+    m_menu.setPalette(palette);
 }
 
 void TrayMenu::update()

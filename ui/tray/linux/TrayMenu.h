@@ -26,6 +26,7 @@ public:
 
 private:
     void update();
+    void makeReadable();
     void fitKinds(const MenuEntries &wanted);
     [[nodiscard]] QAction *made(const MenuEntry &entry);
     void fill(QAction &action, const MenuEntry &entry) const;

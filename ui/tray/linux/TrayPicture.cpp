@@ -33,9 +33,14 @@ constexpr std::initializer_list<int> sides{16, 22, 24, 32, 44, 48};
 
 /// Others have a dark panel whatever else they show: it is part of GNOME's and Xfce's design, and what bars
 /// of the tiling kind come with.
-bool hasPanelLikeWindows(const QString &currentDesktop)
+const QStringList desktopsWithPanelsLikeWindows{u"KDE"_s, u"MATE"_s, u"LXQt"_s, u"LXDE"_s};
+
+/// Others show a symbolic icon in the colour that its file has.
+const QStringList desktopsThatColorSymbols{u"KDE"_s,        u"GNOME"_s,  u"MATE"_s,  u"XFCE"_s,
+                                           u"X-Cinnamon"_s, u"Budgie"_s, u"Unity"_s, u"Pantheon"_s};
+
+bool isOneOf(const QStringList &desktops, const QString &currentDesktop)
 {
-    static const QStringList desktops{u"KDE"_s, u"MATE"_s, u"LXQt"_s, u"LXDE"_s};
     const QStringList current = currentDesktop.split(u':');
     return std::ranges::any_of(
         desktops, [&](const QString &name) { return current.contains(name, Qt::CaseInsensitive); });
@@ -62,14 +67,16 @@ TrayPicture::TrayPicture()
 }
 
 TrayPicture::TrayPicture(const QString &currentDesktop, const Appearance &appearance)
-    : m_color(hasPanelLikeWindows(currentDesktop) && !appearance.isDark() ? darkText : lightText)
+    : m_color(isOneOf(desktopsWithPanelsLikeWindows, currentDesktop) && !appearance.isDark() ? darkText
+                                                                                             : lightText)
+    , m_panelColors(isOneOf(desktopsThatColorSymbols, currentDesktop))
 {
 }
 
 QIcon TrayPicture::of(TrayState state, TrayKind kind) const
 {
     const QString name = nameOf(state);
-    if (kind == TrayKind::notifierItem && QIcon::hasThemeIcon(name))
+    if (kind == TrayKind::notifierItem && m_panelColors && QIcon::hasThemeIcon(name))
         return QIcon::fromTheme(name);
     addShapes();
     QIcon icon;

@@ -23,14 +23,14 @@ public:
 
     [[nodiscard]] QColor color() const { return m_color; }
 
-    /// By name where the icon theme has it and the panel can look it up, so that the panel colours it itself;
-    /// else as pixels.
+    /// By name where the icon theme has it and the panel looks it up and colours it; else as pixels.
     [[nodiscard]] QIcon of(TrayState state, TrayKind kind) const;
 
 private:
     [[nodiscard]] QPixmap drawn(const QString &name, int side) const;
 
     QColor m_color;
+    bool m_panelColors = false;
 };
 
 } // namespace quorvane

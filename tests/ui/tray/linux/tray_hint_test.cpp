@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // The word to who has no tray, on a private session bus with a notification service that answers as desktops
-// do.
+// do, and with a tray or without.
 #include "tests/support/ModelFixture.h"
 #include "ui/tray/MenuContent.h"
 #include "ui/tray/linux/TrayHint.h"
@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusContext>
+#include <QDBusPendingCallWatcher>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,7 @@ using namespace quorvane;
 namespace {
 
 const QString serviceName = u"org.freedesktop.Notifications"_s;
+const QString trayName = u"org.kde.StatusNotifierWatcher"_s;
 
 QDBusConnection serviceBus()
 {
@@ -48,6 +50,17 @@ public Q_SLOTS:
     }
 };
 
+/// A desktop's tray.
+class Tray final : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+    Q_PROPERTY(bool IsStatusNotifierHostRegistered READ isThere CONSTANT)
+
+public:
+    static bool isThere() { return true; }
+};
+
 class TrayHintTest final : public QObject
 {
     Q_OBJECT
@@ -57,6 +70,8 @@ private Q_SLOTS:
     {
         QVERIFY(serviceBus().registerObject(u"/org/freedesktop/Notifications"_s, &m_service,
                                             QDBusConnection::ExportAllSlots));
+        QVERIFY(serviceBus().registerObject(u"/StatusNotifierWatcher"_s, &m_tray,
+                                            QDBusConnection::ExportAllProperties));
     }
     void init()
     {
@@ -64,18 +79,31 @@ private Q_SLOTS:
         m_service.refuses = false;
         m_remembered = 0;
     }
-    void cleanup() { serviceBus().unregisterService(serviceName); }
+    void cleanup()
+    {
+        serviceBus().unregisterService(serviceName);
+        serviceBus().unregisterService(trayName);
+    }
 
     void whoHasNoTrayIsToldOnce()
     {
         QVERIFY(serviceBus().registerService(serviceName));
         waitForHint();
-        QTRY_COMPARE(m_remembered, 1);
+        QCOMPARE(m_remembered, 1);
         QCOMPARE(m_service.shown,
                  QStringList(u"Quorvane|Quorvane is running without an icon|"
                              "This desktop has no tray. To open Quorvane, start it again."_s));
         waitForHint();
         QCOMPARE(m_service.shown.size(), 1);
+    }
+
+    void whoHasATrayIsNotTold()
+    {
+        QVERIFY(serviceBus().registerService(serviceName));
+        QVERIFY(serviceBus().registerService(trayName));
+        waitForHint();
+        QCOMPARE(m_service.shown, QStringList());
+        QCOMPARE(m_remembered, 0);
     }
 
     void whatNobodyTookIsNotRemembered_data()
@@ -103,13 +131,18 @@ private:
         MenuContent content(*f.model);
         TrayIcon icon(content);
         icon.start();
+        bool isThrough = false;
+        const auto wasShown = [&] {
+            isThrough = true;
+            return m_remembered > 0;
+        };
         const TrayHint hint(
-            icon, [this] { return m_remembered > 0; }, [this] { ++m_remembered; }, nullptr,
-            std::chrono::milliseconds(50));
-        QTest::qWait(500);
+            icon, wasShown, [this] { ++m_remembered; }, nullptr, std::chrono::milliseconds(50));
+        QTRY_VERIFY(isThrough && hint.findChild<QDBusPendingCallWatcher *>() == nullptr);
     }
 
     NotificationService m_service;
+    Tray m_tray;
     int m_remembered = 0;
 };
 

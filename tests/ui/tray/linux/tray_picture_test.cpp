@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The tray's icon as pixels, for panels without our icons in their theme.
+// The tray's icon, as pixels and by name.
 #include "ui/components/Appearance.h"
 #include "ui/tray/linux/TrayPicture.h"
 
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -76,6 +79,33 @@ private Q_SLOTS:
         appearance.startDark(isDark);
         const QIcon icon = TrayPicture(desktop, appearance).of(TrayState::normal, TrayKind::notifierItem);
         QTEST(pixelsOf(icon.pixmap(22).toImage()).ink, "ink");
+    }
+
+    void onlyAPanelThatColorsItGetsItsName_data()
+    {
+        QTest::addColumn<QString>("desktop");
+        QTest::addColumn<bool>("isNamed");
+        QTest::newRow("Plasma") << u"KDE"_s << true;
+        QTest::newRow("GNOME") << u"ubuntu:GNOME"_s << true;
+        QTest::newRow("LXQt") << u"LXQt"_s << false;
+        QTest::newRow("a bar of some window manager") << u"sway"_s << false;
+    }
+    void onlyAPanelThatColorsItGetsItsName()
+    {
+        const QString name = u"me.tarnel.Quorvane-symbolic"_s;
+        const QTemporaryDir themes;
+        QVERIFY(QDir(themes.path()).mkpath(u"hicolor/apps"_s));
+        QFile index(themes.filePath(u"hicolor/index.theme"_s));
+        QVERIFY(index.open(QIODevice::WriteOnly));
+        index.write("[Icon Theme]\nName=hicolor\nDirectories=apps\n[apps]\nSize=22\nType=Scalable\n");
+        index.close();
+        QVERIFY(QFile::copy(u":/quorvane/tray/%1.svg"_s.arg(name),
+                            themes.filePath(u"hicolor/apps/%1.svg"_s.arg(name))));
+        QIcon::setThemeSearchPaths({themes.path()});
+        QIcon::setThemeName(u"hicolor"_s);
+        QFETCH(QString, desktop);
+        QTEST(TrayPicture(desktop, Appearance()).of(TrayState::normal, TrayKind::notifierItem).name() == name,
+              "isNamed");
     }
 };
 
