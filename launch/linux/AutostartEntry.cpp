@@ -4,10 +4,10 @@
 #include "launch/linux/AutostartEntry.h"
 
 #include "launch/linux/DesktopEntryText.h"
+#include "posix/WholeFile.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -104,17 +104,12 @@ bool AutostartEntry::systemHasEntry() const
                                [](const QString &entry) { return QFileInfo::exists(entry); });
 }
 
-// The whole file or none: half an entry would start something else. Flushed here, since committing alone does
-// not notice that the last bytes found no place.
+// Half an entry would start something else.
 Result<void> AutostartEntry::write(const QByteArray &content) const
 {
     if (!QDir().mkpath(QFileInfo(m_entry).path()))
         return inputOutputError();
-    QSaveFile file(m_entry);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() ||
-        !file.commit())
-        return inputOutputError();
-    return {};
+    return writeWholeFile(m_entry, content);
 }
 
 } // namespace quorvane
