@@ -77,7 +77,7 @@ class Tray(SystemTest):
             wait_until("the panel's token shown to the compositor",
                        lambda: 'activate("token-of-the-panel"' in program.said())
         item.click("Open Quorvane")
-        time.sleep(0.3)
+        item.texts()  # which is answered after it
         self.assertEqual(windows(desktop), 1)
 
     def check_alert_and_pause(self, desktop, host, item):
@@ -130,11 +130,17 @@ class Tray(SystemTest):
         event = Event("Design review", seconds_from_now(75))
         program.add(event)
         self.assert_alerts_on_time(program, event)
+        self.assert_alert_on_every_display(desktop)
         self.assert_return_acknowledges(desktop, program, event)
         wait_until("a click on the icon opening the window",
                    lambda: turn() or desktop.click(*corner) or windows_on_x(desktop), 20, interval=0.5)
+
+        def seen_windows():
+            return desktop.run("xdotool", "search", "--onlyvisible", "--pid", str(program.process.pid)).split()
+
+        before = len(seen_windows())
         desktop.run("xdotool", "mousemove", *map(str, corner), "click", "3")
-        time.sleep(0.5)
+        wait_until("the menu", lambda: len(seen_windows()) > before)
         desktop.press("Up", "Return")
         self.assertEqual(program.process.wait(10), 0)
 

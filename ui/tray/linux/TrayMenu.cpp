@@ -24,7 +24,7 @@ MenuEntry::Kind kindOf(const QAction &action)
     return action.isEnabled() ? MenuEntry::Kind::command : MenuEntry::Kind::text;
 }
 
-/// Nearer to the first one: black on white and white on black keep a contrast of 7 to 1.
+/// Nearer to the first one, so that usual colours keep a contrast of more than 5 to 1.
 QColor between(const QColor &text, const QColor &ground)
 {
     const auto mixed = [](int near, int far) { return (near * 7 + far * 3) / 10; };

@@ -66,10 +66,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("desktop");
         QTest::addColumn<bool>("isDark");
         QTest::addColumn<QRgb>("ink");
-        QTest::newRow("GNOME's panel is dark on light desktops") << u"ubuntu:GNOME"_s << false << light;
-        QTest::newRow("Plasma's is as the desktop") << u"KDE"_s << false << dark;
-        QTest::newRow("dark Plasma") << u"KDE"_s << true << light;
-        QTest::newRow("a bar of some window manager") << QString() << false << light;
+        QTest::addColumn<bool>("colorsNames");
+        QTest::newRow("GNOME's panel is dark on light desktops")
+            << u"ubuntu:GNOME"_s << false << light << true;
+        QTest::newRow("Plasma's is as the desktop") << u"KDE"_s << false << dark << true;
+        QTest::newRow("dark Plasma") << u"KDE"_s << true << light << true;
+        QTest::newRow("LXQt's is, and takes colours as they are") << u"LXQt"_s << false << dark << false;
+        QTest::newRow("a bar of some window manager") << QString() << false << light << false;
     }
     void itIsSeenOnThePanel()
     {
@@ -77,36 +80,31 @@ private Q_SLOTS:
         QFETCH(bool, isDark);
         Appearance appearance;
         appearance.startDark(isDark);
-        const QIcon icon = TrayPicture(desktop, appearance).of(TrayState::normal, TrayKind::notifierItem);
-        QTEST(pixelsOf(icon.pixmap(22).toImage()).ink, "ink");
+        const TrayPicture picture(desktop, appearance);
+        QIcon::setThemeSearchPaths({});
+        const QIcon drawn = picture.of(TrayState::normal, TrayKind::notifierItem);
+        QTEST(pixelsOf(drawn.pixmap(22).toImage()).ink, "ink");
+        const QString name = u"me.tarnel.Quorvane-symbolic"_s;
+        install(name);
+        QTEST(picture.of(TrayState::normal, TrayKind::notifierItem).name() == name, "colorsNames");
+        QVERIFY(picture.of(TrayState::normal, TrayKind::embedded).name().isEmpty());
     }
 
-    void onlyAPanelThatColorsItGetsItsName_data()
+private:
+    /// Our icon, as our package installs it.
+    void install(const QString &name)
     {
-        QTest::addColumn<QString>("desktop");
-        QTest::addColumn<bool>("isNamed");
-        QTest::newRow("Plasma") << u"KDE"_s << true;
-        QTest::newRow("GNOME") << u"ubuntu:GNOME"_s << true;
-        QTest::newRow("LXQt") << u"LXQt"_s << false;
-        QTest::newRow("a bar of some window manager") << u"sway"_s << false;
-    }
-    void onlyAPanelThatColorsItGetsItsName()
-    {
-        const QString name = u"me.tarnel.Quorvane-symbolic"_s;
-        const QTemporaryDir themes;
-        QVERIFY(QDir(themes.path()).mkpath(u"hicolor/apps"_s));
-        QFile index(themes.filePath(u"hicolor/index.theme"_s));
+        const QDir theme(m_themes.filePath(u"hicolor"_s));
+        QVERIFY(theme.mkpath(u"apps"_s));
+        QFile index(theme.filePath(u"index.theme"_s));
         QVERIFY(index.open(QIODevice::WriteOnly));
         index.write("[Icon Theme]\nName=hicolor\nDirectories=apps\n[apps]\nSize=22\nType=Scalable\n");
-        index.close();
-        QVERIFY(QFile::copy(u":/quorvane/tray/%1.svg"_s.arg(name),
-                            themes.filePath(u"hicolor/apps/%1.svg"_s.arg(name))));
-        QIcon::setThemeSearchPaths({themes.path()});
+        QFile::copy(u":/quorvane/tray/%1.svg"_s.arg(name), theme.filePath(u"apps/%1.svg"_s.arg(name)));
+        QIcon::setThemeSearchPaths({m_themes.path()});
         QIcon::setThemeName(u"hicolor"_s);
-        QFETCH(QString, desktop);
-        QTEST(TrayPicture(desktop, Appearance()).of(TrayState::normal, TrayKind::notifierItem).name() == name,
-              "isNamed");
     }
+
+    QTemporaryDir m_themes;
 };
 
 QTEST_MAIN(TrayPictureTest)
