@@ -24,6 +24,7 @@ public:
     /// Made when it is asked for first, with sample data if the arguments contain "--preview".
     [[nodiscard]] AppModel &model();
 
+    /// A secret that is handed in never comes here: the command line has taken it and has ended.
     void applicationDidFinishLaunching();
 
     /// Closing the dashboard leaves the program at work.

@@ -7,6 +7,7 @@
 #include "app/UserFolders.h"
 #include "instance/linux/RuntimeFolderChannel.h"
 #include "instance/linux/SessionBusChannel.h"
+#include "instance/linux/SessionBusProbe.h"
 #include "launch/LaunchSupervisor.h"
 #include "launch/linux/SystemdManager.h"
 #include "process/linux/PosixProcessRunner.h"
@@ -21,7 +22,7 @@ bool activate(int argc, char **argv, const QStringList &arguments)
 {
     const QCoreApplication application(argc, argv);
     const Activation activation = activationOfStart(arguments);
-    return SessionBusChannel().handOver(activation) ||
+    return (isSessionBusResponsive() && SessionBusChannel().handOver(activation)) ||
            RuntimeFolderChannel(UserFolders::runtimeFolder()).handOver(activation);
 }
 

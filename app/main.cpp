@@ -14,6 +14,7 @@
 #include "instance/SingleInstance.h"
 #include "instance/linux/RuntimeFolderChannel.h"
 #include "instance/linux/SessionBusChannel.h"
+#include "instance/linux/SessionBusProbe.h"
 #include "launch/linux/ServiceNotifier.h"
 #include "launch/linux/StartKind.h"
 #include "model/linux/SystemClock.h"
@@ -47,6 +48,11 @@ QProcessEnvironment environmentForOthers()
     return environment;
 }
 
+bool isPreview(const QStringList &arguments)
+{
+    return arguments.contains(u"--preview"_s);
+}
+
 QString versionOfProgram()
 {
     const QString folder = QCoreApplication::applicationDirPath();
@@ -54,33 +60,54 @@ QString versionOfProgram()
         .shortVersion.value_or(u"Development"_s);
 }
 
+/// Nothing can be shown here, but maybe by a copy elsewhere in the session.
+int runWithoutDisplay(int argc, char **argv, const QStringList &arguments,
+                      quorvane::ServiceNotifier &notifier)
+{
+    if (!isPreview(arguments) && quorvane::RunningCopy::activate(argc, argv, arguments)) {
+        notifier.ready();
+        return EXIT_SUCCESS;
+    }
+    std::puts("Quorvane needs a display: start it inside a graphical session.");
+    return EXIT_FAILURE;
+}
+
+void describeApplication()
+{
+    QApplication::setApplicationName(u"Quorvane"_s);
+    QApplication::setApplicationVersion(versionOfProgram());
+    QApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
+    QApplication::setQuitOnLastWindowClosed(
+        quorvane::AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
+}
+
+/// Not by leaving: a calendar service or a name server that hangs may still hold a thread, which no orderly
+/// end could wait for.
+[[noreturn]] void endProcess(int status)
+{
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
 int runApplication(int argc, char **argv, const QStringList &arguments)
 {
     using namespace quorvane;
     ServiceNotifier notifier;
     const QProcessEnvironment environment = environmentForOthers();
+    if (!isSessionBusResponsive())
+        doWithoutSessionBus();
+    if (preparePlatform() == SessionKind::none && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return runWithoutDisplay(argc, argv, arguments, notifier);
     const Activation activation = activationOfStart(arguments);
-    const bool isPreview = arguments.contains(u"--preview"_s);
-    if (preparePlatform() == SessionKind::none && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        if (!isPreview && RunningCopy::activate(argc, argv, arguments)) {
-            notifier.ready();
-            return EXIT_SUCCESS;
-        }
-        std::puts("Quorvane needs a display: start it inside a graphical session.");
-        return EXIT_FAILURE;
-    }
     QuitSignals quitSignals;
     QApplication application(argc, argv);
     quitSignals.listen();
-    QApplication::setApplicationName(u"Quorvane"_s);
-    QApplication::setApplicationVersion(versionOfProgram());
-    QApplication::setDesktopFileName(u"me.tarnel.Quorvane"_s);
-    QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
+    describeApplication();
 
     SessionBusChannel bus;
     RuntimeFolderChannel folder(UserFolders::runtimeFolder());
     SingleInstance instance({&bus, &folder});
-    if (!isPreview && instance.claim(activation) == SingleInstance::Outcome::handedOver) {
+    if (!isPreview(arguments) && instance.claim(activation) == SingleInstance::Outcome::handedOver) {
         notifier.ready();
         return EXIT_SUCCESS;
     }
@@ -89,6 +116,8 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     QuorvaneApp quorvane(arguments, environment, clock);
     QObject::connect(&instance, &SingleInstance::activated, &application,
                      [&quorvane](const Activation &wish) { quorvane.activate(wish); });
+    QObject::connect(&instance, &SingleInstance::superseded, &application,
+                     [] { QCoreApplication::exit(EXIT_SUCCESS); });
     QObject::connect(&quorvane.model(), &AppModel::ticked, &application, [&notifier] { notifier.ping(); });
     if (::isatty(STDOUT_FILENO) != 0)
         quorvane.reportTo(stdout);
@@ -96,10 +125,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     notifier.ready();
     const int status = QApplication::exec();
     notifier.stopping();
-    // Not by leaving: a calendar service or a name server that hangs may still hold a thread, which no
-    // orderly end could wait for.
-    std::fflush(nullptr);
-    std::_Exit(status);
+    endProcess(status);
 }
 
 } // namespace

@@ -7,18 +7,21 @@
 #include "launch/LoginItem.h"
 #include "launch/ServiceManager.h"
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane::LoginCommands {
 
 int enable(const ServiceManager &manager, LoginItem &item, const PrintLine &print)
 {
-    const bool hasAgent = manager.hasAgent();
-    if (hasAgent && item.restore()) {
+    if (manager.hasAgent()) {
+        // It starts the program whatever becomes of the duplicate.
+        std::ignore = item.restore();
         print(u"Start at login and crash restart are already configured."_s);
         return ExitStatus::success;
     }
-    if (!hasAgent && item.add()) {
+    if (item.add()) {
         print(u"Start at login registered."_s);
         return ExitStatus::success;
     }

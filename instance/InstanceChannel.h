@@ -38,9 +38,13 @@ public:
     /// there is none, or none that answers.
     [[nodiscard]] virtual Result<void> handOver(const Activation &activation) = 0;
 
+    /// Asks the copy that holds the place whether it is at work; `answered` says so. Does not wait.
+    virtual void ask() = 0;
+
 Q_SIGNALS:
     /// Another copy, or the desktop, wishes this one to show itself. Comes from the event loop only.
     void activated(const quorvane::Activation &activation);
+    void answered();
 
 protected:
     using QObject::QObject;

@@ -6,19 +6,19 @@
 #include <QDeadlineTimer>
 #include <QThread>
 
-#include <algorithm>
-
 namespace quorvane {
 
 SingleInstance::SingleInstance(std::vector<InstanceChannel *> channels)
     : m_channels(std::move(channels))
 {
-    for (InstanceChannel *channel : m_channels)
+    for (InstanceChannel *channel : m_channels) {
         connect(channel, &InstanceChannel::activated, this, &SingleInstance::activated);
-    connect(&m_retry, &QTimer::timeout, this, [this] {
-        if (!claimRest())
-            m_retry.stop();
-    });
+        connect(channel, &InstanceChannel::answered, this, [this, channel] {
+            if (channel == m_decider)
+                Q_EMIT superseded();
+        });
+    }
+    connect(&m_retry, &QTimer::timeout, this, &SingleInstance::retry);
 }
 
 SingleInstance::Outcome SingleInstance::claim(const Activation &activation)
@@ -65,9 +65,30 @@ std::optional<SingleInstance::Outcome> SingleInstance::tryOnce(const Activation 
 
 bool SingleInstance::claimRest()
 {
-    return std::ranges::count_if(m_channels, [](InstanceChannel *channel) {
-               return channel->claim() == InstanceChannel::Claim::taken;
-           }) > 0;
+    bool isContested = false;
+    m_decider = nullptr;
+    for (InstanceChannel *channel : m_channels) {
+        switch (channel->claim()) {
+        case InstanceChannel::Claim::held:
+            m_decider = nullptr;
+            break;
+        case InstanceChannel::Claim::taken:
+            m_decider = channel;
+            isContested = true;
+            break;
+        case InstanceChannel::Claim::unavailable:
+            break;
+        }
+    }
+    return isContested;
+}
+
+void SingleInstance::retry()
+{
+    if (!claimRest())
+        m_retry.stop();
+    else if (m_decider != nullptr)
+        m_decider->ask();
 }
 
 } // namespace quorvane

@@ -23,6 +23,7 @@ public:
     /// raises no alerts, so it is not worth waiting for.
     static constexpr std::chrono::milliseconds patience{10'000};
     /// How often a copy tries for what another one held when it came, so that the next start finds it there.
+    /// Should that other one work after all, this copy gives way.
     static constexpr std::chrono::milliseconds retryInterval{2'000};
 
     enum class Outcome {
@@ -42,13 +43,18 @@ public:
 
 Q_SIGNALS:
     void activated(const quorvane::Activation &activation);
+    /// Another copy is at work and is the one: this one has to end.
+    void superseded();
 
 private:
     [[nodiscard]] std::optional<Outcome> tryOnce(const Activation &activation);
-    /// Whether there is still a channel that somebody else holds.
+    /// Takes what has become free. Whether something is still held by somebody else.
     [[nodiscard]] bool claimRest();
+    void retry();
 
     std::vector<InstanceChannel *> m_channels;
+    /// Its holder is the one; null while that is this copy.
+    InstanceChannel *m_decider = nullptr;
     QTimer m_retry;
 };
 

@@ -4,7 +4,9 @@
 # What depends on the folder that it is installed below, which may be chosen as late as that: by whom the program is
 # started at login.
 set(unit me.tarnel.quorvane-app.service)
+string(REPLACE "%" "%%" QUORVANE_EXECUTABLE "${executable}")
 configure_file("${sources}/systemd/${unit}.in" "${made}/${unit}" @ONLY)
+# In a literal lib: where the service manager looks is no matter of the machine's architecture.
 file(INSTALL "${made}/${unit}" DESTINATION "${CMAKE_INSTALL_PREFIX}/lib/systemd/user")
 
 # Sessions look into the system's folder only.

@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocalSocket>
+#include <QTimer>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -128,10 +129,7 @@ void RuntimeFolderChannel::serve()
 Result<void> RuntimeFolderChannel::handOver(const Activation &activation)
 {
     QLocalSocket socket;
-    const Address place = address();
-    if (place.isAbstract == Switch::on)
-        socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
-    socket.connectToServer(place.name);
+    connectTo(socket);
     const QDeadlineTimer limit(answerTime);
     if (!socket.waitForConnected(answerTime))
         return Failure(std::make_error_code(std::errc::no_such_process));
@@ -143,6 +141,27 @@ Result<void> RuntimeFolderChannel::handOver(const Activation &activation)
     return socket.readLine() == accepted
                ? Result<void>()
                : Result<void>(Failure(std::make_error_code(std::errc::protocol_error)));
+}
+
+void RuntimeFolderChannel::ask()
+{
+    auto *socket = new QLocalSocket(this);
+    connect(socket, &QLocalSocket::connected, socket,
+            [socket] { socket->write(encoded({.wish = Activation::Wish::nothing})); });
+    connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
+        if (socket->canReadLine() && socket->readLine() == accepted)
+            Q_EMIT answered();
+    });
+    QTimer::singleShot(answerTime, socket, &QObject::deleteLater);
+    connectTo(*socket);
+}
+
+void RuntimeFolderChannel::connectTo(QLocalSocket &socket) const
+{
+    const Address place = address();
+    if (place.isAbstract == Switch::on)
+        socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
+    socket.connectToServer(place.name);
 }
 
 } // namespace quorvane

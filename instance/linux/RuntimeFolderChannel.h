@@ -26,6 +26,7 @@ public:
     [[nodiscard]] Claim claim() override;
     void release() override;
     [[nodiscard]] Result<void> handOver(const Activation &activation) override;
+    void ask() override;
 
 private:
     struct Address
@@ -38,6 +39,7 @@ private:
     void listen();
     void serve();
     [[nodiscard]] Address address() const;
+    void connectTo(QLocalSocket &socket) const;
     [[nodiscard]] QString path(QLatin1StringView ending) const;
 
     QString m_folder;

@@ -5,6 +5,7 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusReply>
 
 using namespace Qt::StringLiterals;
@@ -69,6 +70,17 @@ Result<void> SessionBusChannel::handOver(const Activation &activation)
     if (reply.type() == QDBusMessage::ReplyMessage)
         return {};
     return Failure(std::make_error_code(std::errc::no_such_process));
+}
+
+void SessionBusChannel::ask()
+{
+    const QDBusMessage question = messageFor({.wish = Activation::Wish::nothing});
+    auto *call = new QDBusPendingCallWatcher(m_bus.asyncCall(question, answerTime), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+        call->deleteLater();
+        if (!call->isError())
+            Q_EMIT answered();
+    });
 }
 
 } // namespace quorvane

@@ -21,6 +21,7 @@ public:
     [[nodiscard]] Claim claim() override;
     void release() override;
     [[nodiscard]] Result<void> handOver(const Activation &activation) override;
+    void ask() override;
 
 private:
     QDBusConnection m_bus;

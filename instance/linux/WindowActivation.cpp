@@ -40,7 +40,7 @@ void setUserTime(quint32 time)
 
 } // namespace
 
-// Qt takes a token from the environment when a window asks to be activated.
+// Qt takes a token from the environment when a window asks to be activated, and from nowhere else.
 WindowActivation::WindowActivation(const Activation &activation)
 {
     if (!activation.token.isEmpty())

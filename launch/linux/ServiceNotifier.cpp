@@ -42,12 +42,14 @@ ServiceNotifier::ServiceNotifier()
 
 void ServiceNotifier::ready()
 {
-    if (send(QByteArrayLiteral("READY=1")))
-        m_sincePing.start();
+    m_owesReady = !m_socket.isEmpty() && !send(QByteArrayLiteral("READY=1"));
+    m_sincePing.start();
 }
 
 void ServiceNotifier::ping()
 {
+    if (m_owesReady)
+        ready();
     if (!m_pingInterval)
         return;
     if (m_sincePing.isValid() && std::chrono::milliseconds(m_sincePing.elapsed()) < *m_pingInterval)

@@ -24,7 +24,7 @@ public:
     void ready();
 
     /// The main thread is alive. To be called with every tick; sent three times within the time after which
-    /// the manager takes the program for hung.
+    /// the manager takes the program for hung. Repeats `ready` too, if the manager could not take it then.
     void ping();
 
     /// The program is about to end because it was asked to.
@@ -36,6 +36,7 @@ private:
     QByteArray m_socket;
     std::optional<std::chrono::microseconds> m_pingInterval;
     QElapsedTimer m_sincePing;
+    bool m_owesReady = false;
 };
 
 } // namespace quorvane

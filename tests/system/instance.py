@@ -1,12 +1,13 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Quorvane authors
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""One copy of the program per session, with and without a session bus, and how a second start shows the first."""
+"""One copy of the program for a user, with and without a session bus, and how a second start shows the first."""
 import os
 import re
 import signal
 import socket
 import subprocess
+import time
 
 from harness import Event, SystemTest, main, seconds_from_now, wait_until
 from desktop import SwayDesktop, XorgDesktop, binary, write_event
@@ -70,6 +71,10 @@ class Instance(SystemTest):
             copy.send_signal(signal.SIGCONT)
             copy.terminate()
         copy.communicate(timeout=10)
+
+    def assert_ended(self, copy):
+        copy.communicate(timeout=20)
+        self.assertEqual(copy.returncode, 0)
 
     def assert_handed_over(self, copy):
         output, errors = copy.communicate(timeout=20)
@@ -164,9 +169,32 @@ class Instance(SystemTest):
         write_event(os.path.join(self.session.env["XDG_DATA_HOME"], "Quorvane/calendars/work"),
                             Event("Stand-up", seconds_from_now(62), location="https://zoom.us/j/987654321"))
         wait_until("its alert", lambda: os.path.exists(ledger), 30, second)
+        third = self.start()
+        time.sleep(0.1)
         first.kill()
-        self.wait_at_work(second)
+        one, ended = wait_one([second, third], 60)
+        self.assert_ended(ended[0])
+        self.wait_at_work(one)
         self.assert_handed_over(self.start())
+
+    def test_a_copy_that_wakes_up_again_is_the_one(self):
+        first = self.start(**NO_BUS)
+        self.wait_at_work(first, NO_BUS)
+        first.send_signal(signal.SIGSTOP)
+        second = self.start(**NO_BUS)
+        with self.assertRaises(subprocess.TimeoutExpired):
+            second.wait(11)
+        first.send_signal(signal.SIGCONT)
+        self.assert_ended(second)
+        self.assertIsNone(first.poll())
+
+    def test_a_bus_that_hangs_keeps_nobody_from_starting(self):
+        address = os.path.join(self.session.folder, "hanging")
+        with socket.socket(socket.AF_UNIX) as bus:
+            bus.bind(address)
+            bus.listen()
+            copy = self.start(DBUS_SESSION_BUS_ADDRESS=f"unix:path={address}")
+            self.wait_at_work(copy, NO_BUS)
 
     def test_a_preview_runs_beside_it(self):
         first = self.start()

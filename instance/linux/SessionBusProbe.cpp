@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "instance/linux/SessionBusProbe.h"
+
+#include "posix/FileDescriptor.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QList>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+namespace quorvane {
+
+namespace {
+
+constexpr const char *variable = "DBUS_SESSION_BUS_ADDRESS";
+constexpr int patience = 3'000;
+
+/// The socket's path, or its abstract name after a zero byte; empty when the address is of another kind.
+QByteArray socketOf(const QByteArray &address)
+{
+    for (const auto &[key, lead] : {std::pair{"unix:path=", ""}, std::pair{"unix:abstract=", "@"}}) {
+        if (!address.startsWith(key))
+            continue;
+        QByteArray name =
+            lead + QByteArray::fromPercentEncoding(address.mid(int(qstrlen(key))).split(',').first());
+        if (name.startsWith('@'))
+            name[0] = '\0';
+        return name;
+    }
+    return {};
+}
+
+QByteArray busAddress()
+{
+    const QByteArray address = qgetenv(variable);
+    return address.isEmpty() ? "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus" : address;
+}
+
+bool connectTo(int descriptor, const QByteArray &name)
+{
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    if (name.size() >= qsizetype(sizeof address.sun_path))
+        return false;
+    std::ranges::copy(name, address.sun_path);
+    const auto size = socklen_t(offsetof(sockaddr_un, sun_path) + std::size_t(name.size()));
+    return ::connect(descriptor, reinterpret_cast<const sockaddr *>(&address), size) == 0;
+}
+
+} // namespace
+
+// Asks for the ways to authenticate, which every bus tells whoever asks (D-Bus Specification 0.38,
+// "Authentication Protocol").
+bool isSessionBusResponsive()
+{
+    const QByteArray name = socketOf(busAddress());
+    if (name.isEmpty())
+        return true;
+    const FileDescriptor bus(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (!connectTo(bus.value(), name))
+        return errno != EAGAIN; // so many wait for it already that it takes no more
+    constexpr QByteArrayView question("\0AUTH\r\n", 7);
+    if (::send(bus.value(), question.data(), std::size_t(question.size()), MSG_NOSIGNAL) != question.size())
+        return true;
+    pollfd answer{.fd = bus.value(), .events = POLLIN, .revents = 0};
+    return ::poll(&answer, 1, patience) != 0;
+}
+
+void doWithoutSessionBus()
+{
+    qputenv(variable, "unix:path=/dev/null");
+}
+
+} // namespace quorvane
