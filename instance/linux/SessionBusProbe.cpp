@@ -65,6 +65,8 @@ bool isSessionBusResponsive()
     if (name.isEmpty())
         return true;
     const FileDescriptor bus(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (!bus.isValid())
+        return true;
     if (!connectTo(bus.value(), name))
         return errno != EAGAIN; // so many wait for it already that it takes no more
     constexpr QByteArrayView question("\0AUTH\r\n", 7);
