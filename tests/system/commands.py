@@ -12,8 +12,8 @@ import sys
 import tempfile
 import time
 
-from command_line import UNKNOWN, CommandTest, wait_until
-from harness import Event, main, seconds_from_now
+from command_line import UNKNOWN, CommandTest
+from harness import Event, main, seconds_from_now, start_keyring
 from desktop import ROOT, binary
 
 SUPPORT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../support")
@@ -111,13 +111,7 @@ class Login(CommandTest):
 class KeyringTest(CommandTest):
     def setUp(self):
         super().setUp()
-        with tempfile.TemporaryFile() as password:
-            password.write(b"password")
-            password.seek(0)
-            self.keyring = self.session.processes.start(
-                "keyring", ["gnome-keyring-daemon", "--foreground", "--unlock", "--components=secrets"],
-                self.session.env, stdin=password)
-        wait_until("the keyring", lambda: self.tool("store", "ready", b"x") is not None)
+        self.keyring = start_keyring(self.session)
 
     def tool(self, what, account, given=b""):
         """What another program finds in the keyring; None when it fails."""

@@ -8,10 +8,10 @@ import json
 import os
 import shutil
 import subprocess
-import tempfile
 import time
 
-from harness import Event, Program, SystemTest, main, seconds_from_now, wait_until
+from harness import (Event, Program, SystemTest, main, seconds_from_now, start_keyring, store_secret,
+                     wait_until)
 from screen_reader import ScreenReader, start_accessibility
 from desktop import XorgDesktop
 
@@ -26,17 +26,7 @@ class Dashboard(SystemTest):
     def setUpClass(cls):
         cls.desktop = cls.enterClassContext(XorgDesktop(sizes=((1920, 1080),)))
         start_accessibility(cls.desktop)
-        with tempfile.TemporaryFile() as password:
-            password.write(b"password")
-            password.seek(0)
-            cls.desktop.processes.start("keyring", ["gnome-keyring-daemon", "--foreground", "--unlock",
-                                                    "--components=secrets"], cls.desktop.env, stdin=password)
-        wait_until("the keyring", lambda: cls.store("server-token", ""), 30)
-
-    @classmethod
-    def store(cls, account, value):
-        return subprocess.run(["secret-tool", "store", "--label", account, "service", SERVICE, "account", account],
-                              env=cls.desktop.env, input=value.encode(), check=False, capture_output=True).returncode == 0
+        start_keyring(cls.desktop)
 
     def secret(self, account):
         return subprocess.run(["secret-tool", "lookup", "service", SERVICE, "account", account], env=self.desktop.env,
@@ -60,7 +50,7 @@ class Dashboard(SystemTest):
         for folder in ("XDG_CONFIG_HOME", "XDG_DATA_HOME"):
             shutil.rmtree(os.path.join(self.desktop.env[folder], "Quorvane"), ignore_errors=True)
         for account in ("manual-meetings", "pushover-user", "pushover-token"):
-            self.store(account, "")
+            store_secret(self.desktop, account, "")
         self.program = Program(self.desktop, window=True, TZ=NOON_ZONE)
         self.enterContext(self.program)
         self.addCleanup(self._tell_log, self.program)
@@ -227,7 +217,7 @@ class Dashboard(SystemTest):
                    "calendar": "Added by you", "source": "manual", "cancelled": False, "allDay": False}
         before = self.added_meetings()
         self.program.kill()
-        self.store("manual-meetings", json.dumps([*before, meeting]))
+        store_secret(self.desktop, "manual-meetings", json.dumps([*before, meeting]))
         choices = json.dumps({**self.choices(), meeting["id"]: True})
         self.program.write_settings({**self.settings(), "meetingChoices": json.dumps(choices)})
         self.restart()

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What the system tests share: a program on a desktop, and what a person would see of it."""
 import os
+import subprocess
 import sys
 import tempfile
 import time
@@ -88,6 +89,27 @@ class SystemTest(unittest.TestCase):
         self.assert_no_alert_anywhere(desktop)
 
 
+def start_keyring(session):
+    """Starts the keyring service of a session, unlocked, and returns its process. Nothing may ask for it before it has
+    its name, or else the bus starts another one, which is locked."""
+    with tempfile.TemporaryFile() as password:
+        password.write(b"password")
+        password.seek(0)
+        keyring = session.processes.start("keyring", ["gnome-keyring-daemon", "--foreground", "--unlock",
+                                                      "--components=secrets"], session.env, stdin=password)
+    wait_until("the keyring on the bus", lambda: "true" in session.run(
+        "dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+        "org.freedesktop.DBus.NameHasOwner", "string:org.freedesktop.secrets"), 30, keyring, session.log("keyring"))
+    wait_until("the keyring", lambda: store_secret(session, "ready", "x"), 30, keyring, session.log("keyring"))
+    return keyring
+
+
+def store_secret(session, account, value):
+    """Stores a secret as another program does. Whether that worked."""
+    return subprocess.run(["secret-tool", "store", "--label", account, "service", "me.tarnel.Quorvane", "account", account],
+                          env=session.env, input=value.encode(), check=False, capture_output=True).returncode == 0
+
+
 def words_typed(path):
     """What another program's window on the desktop received."""
     try:
@@ -102,4 +124,4 @@ def main():
 
 
 __all__ = ["DesktopError", "Event", "Picture", "Program", "SOON", "SystemTest", "main", "seconds_from_now",
-           "wait_until", "words_typed"]
+           "start_keyring", "store_secret", "wait_until", "words_typed"]

@@ -10,7 +10,7 @@ import subprocess
 import sys
 import tempfile
 
-from harness import Event, SystemTest, main, seconds_from_now, wait_until
+from harness import Event, SystemTest, main, seconds_from_now, start_keyring, store_secret, wait_until
 from desktop import SwayDesktop
 
 SUPPORT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../support")
@@ -40,14 +40,8 @@ class OwnServer(SystemTest):
 
     def seed(self, desktop):
         """A keyring with the server's token, and the server's certificate where a user may put it."""
-        with tempfile.TemporaryFile() as password:
-            password.write(b"password")
-            password.seek(0)
-            desktop.processes.start("keyring", ["gnome-keyring-daemon", "--foreground", "--unlock", "--components=secrets"],
-                                    desktop.env, stdin=password)
-        store = ["secret-tool", "store", "--label=token", "service", "me.tarnel.Quorvane", "account", "server-token"]
-        wait_until("the keyring", lambda: subprocess.run(store, env=desktop.env, input=TOKEN.encode(), check=False,
-                                                         capture_output=True).returncode == 0)
+        start_keyring(desktop)
+        store_secret(desktop, "server-token", TOKEN)
         data = os.path.join(desktop.env["XDG_DATA_HOME"], "Quorvane")
         os.makedirs(data)
         shutil.copy(os.path.join(self.folder, "pinned.cer"), os.path.join(data, "quorvane-server.cer"))
