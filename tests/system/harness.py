@@ -35,11 +35,16 @@ class SystemTest(unittest.TestCase):
         return program
 
     def _tell_log(self, program):
-        outcome = self._outcome
-        failed = not outcome.success if outcome else False
-        if failed and os.path.exists(program.log):
+        result = self._outcome.result if self._outcome else None
+        if result is None or not any(self in (test, getattr(test, "test_case", None))
+                                     for test, _ in result.failures + result.errors):
+            return
+        status = program.process.poll() if program.process else None
+        print(f"--- {self.id()}: the program {'runs' if status is None else f'ended with status {status}'}; its log",
+              file=sys.stderr)
+        if os.path.exists(program.log):
             with open(program.log, encoding="utf-8", errors="replace") as file:
-                print(f"--- {self.id()}: the program's log\n{file.read()[-3000:]}---", file=sys.stderr)
+                print(f"{file.read()[-3000:]}---", file=sys.stderr)
 
     def meeting_soon(self, program, title="Design review", **properties):
         """A meeting in the calendar folder whose alert is due in a few seconds."""

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void thePointerStaysOnTheSheet();
     void thePickerIsWorkedByTheKeyboard();
     void thePickerIsWorkedByThePointer();
+    void thePickerMayBeOpenedAgainAndAgain();
     void everyDayHasItsName();
     void everythingStaysInTheWindow_data();
     void everythingStaysInTheWindow();
@@ -218,6 +219,21 @@ void SheetTest::thePickerIsWorkedByThePointer()
     QTRY_COMPARE(sheet.focused(), u"day"_s);
     sheet.clickOn("starts");
     QTRY_COMPARE(sheet.focused(), u"starts"_s);
+}
+
+// Shapes that come back into a window crash the drawing where memory is used again at once.
+void SheetTest::thePickerMayBeOpenedAgainAndAgain()
+{
+    SheetFixture sheet;
+    sheet.start();
+    QVERIFY(sheet.open());
+    for (int times = 0; times < 10; ++times) {
+        sheet.clickOn("starts");
+        QTRY_COMPARE(sheet.focused(), u"day"_s);
+        QVERIFY(!sheet.picture.view.grabWindow().isNull());
+        sheet.clickOn("starts");
+        QTRY_COMPARE(sheet.focused(), u"starts"_s);
+    }
 }
 
 void SheetTest::everyDayHasItsName()

@@ -18,9 +18,11 @@ T.Popup {
     padding: 14
     focus: true
     closePolicy: T.Popup.CloseOnPressOutsideParent
-    onOpened: (contentItem as PickerBody).begin()
+    onAboutToShow: (contentItem as PickerPlace).make()
+    onOpened: (contentItem as PickerPlace).begin()
+    onClosed: (contentItem as PickerPlace).discard()
 
-    contentItem: PickerBody {
+    contentItem: PickerPlace {
         choice: picker.choice
         onDone: picker.close()
     }
