@@ -5,6 +5,9 @@
 
 #include <QTimeZone>
 
+#include <mutex>
+#include <tuple>
+
 namespace quorvane {
 namespace {
 
@@ -22,8 +25,13 @@ bool isUtcName(const QByteArray &name)
     return false;
 }
 
+/// libical 3.0 takes a zone that its list lacks, such as "US/Eastern", into it with no regard to other
+/// threads.
+std::mutex builtinZones;
+
 ICalTimezone *builtin(const QByteArray &name)
 {
+    const std::lock_guard lock(builtinZones);
     return isUtcName(name) ? i_cal_timezone_get_utc_timezone()
                            : i_cal_timezone_get_builtin_timezone(name.constData());
 }
@@ -54,6 +62,8 @@ ICalTimezone *TimeZoneResolver::zone(const char *id)
 
 ICalTimezone *TimeZoneResolver::find(const char *id) const
 {
+    // Into the list with it, or else the library may take it there while it looks for definitions.
+    std::ignore = builtin(id);
     if (ICalTimezone *own = m_definitions ? m_definitions(id) : nullptr)
         return own;
     QByteArray name(id);
