@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "alert/linux/DesktopPlatform.h"
+#include "app/CommandLineStreams.h"
 #include "app/InformationDictionary.h"
 #include "app/MemoryPrivacy.h"
 #include "app/ProgramResources.h"
@@ -81,14 +82,6 @@ void describeApplication()
         quorvane::AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
 }
 
-/// Not by leaving: a calendar service or a name server that hangs may still hold a thread, which no orderly
-/// end could wait for.
-[[noreturn]] void endProcess(int status)
-{
-    std::fflush(nullptr);
-    std::_Exit(status);
-}
-
 int runApplication(int argc, char **argv, const QStringList &arguments)
 {
     using namespace quorvane;
@@ -125,7 +118,8 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     notifier.ready();
     const int status = QApplication::exec();
     notifier.stopping();
-    endProcess(status);
+    // Not by leaving, which would wait for threads that a calendar service or a name server may still hold.
+    CommandLineStreams::end(status);
 }
 
 } // namespace

@@ -4,18 +4,16 @@
 #include "instance/linux/SessionBusProbe.h"
 
 #include "posix/FileDescriptor.h"
+#include "posix/UnixAddress.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QList>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstddef>
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/un.h>
 
 namespace quorvane {
 
@@ -24,17 +22,12 @@ namespace {
 constexpr const char *variable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr int patience = 3'000;
 
-/// The socket's path, or its abstract name after a zero byte; empty when the address is of another kind.
+/// Empty when the address is of another kind.
 QByteArray socketOf(const QByteArray &address)
 {
     for (const auto &[key, lead] : {std::pair{"unix:path=", ""}, std::pair{"unix:abstract=", "@"}}) {
-        if (!address.startsWith(key))
-            continue;
-        QByteArray name =
-            lead + QByteArray::fromPercentEncoding(address.mid(int(qstrlen(key))).split(',').first());
-        if (name.startsWith('@'))
-            name[0] = '\0';
-        return name;
+        if (address.startsWith(key))
+            return lead + QByteArray::fromPercentEncoding(address.mid(int(qstrlen(key))).split(',').first());
     }
     return {};
 }
@@ -45,29 +38,19 @@ QByteArray busAddress()
     return address.isEmpty() ? "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus" : address;
 }
 
-bool connectTo(int descriptor, const QByteArray &name)
-{
-    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
-    if (name.size() >= qsizetype(sizeof address.sun_path))
-        return false;
-    std::ranges::copy(name, address.sun_path);
-    const auto size = socklen_t(offsetof(sockaddr_un, sun_path) + std::size_t(name.size()));
-    return ::connect(descriptor, reinterpret_cast<const sockaddr *>(&address), size) == 0;
-}
-
 } // namespace
 
 // Asks for the ways to authenticate, which every bus tells whoever asks (D-Bus Specification 0.38,
 // "Authentication Protocol").
 bool isSessionBusResponsive()
 {
-    const QByteArray name = socketOf(busAddress());
-    if (name.isEmpty())
+    const auto address = UnixAddress::of(socketOf(busAddress()));
+    if (!address)
         return true;
     const FileDescriptor bus(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!bus.isValid())
         return true;
-    if (!connectTo(bus.value(), name))
+    if (::connect(bus.value(), address->data(), address->size) != 0)
         return errno != EAGAIN; // so many wait for it already that it takes no more
     constexpr QByteArrayView question("\0AUTH\r\n", 7);
     if (::send(bus.value(), question.data(), std::size_t(question.size()), MSG_NOSIGNAL) != question.size())

@@ -4,13 +4,11 @@
 #include "launch/linux/ServiceNotifier.h"
 
 #include "posix/FileDescriptor.h"
+#include "posix/UnixAddress.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <tuple>
 
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace quorvane {
@@ -66,14 +64,9 @@ void ServiceNotifier::stopping()
 
 bool ServiceNotifier::send(const QByteArray &state) const
 {
-    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
-    if (m_socket.isEmpty() || m_socket.size() >= static_cast<qsizetype>(sizeof address.sun_path))
+    const auto address = UnixAddress::of(m_socket);
+    if (!address)
         return false;
-    std::ranges::copy(m_socket, address.sun_path);
-    if (m_socket.startsWith('@'))
-        address.sun_path[0] = '\0'; // no file, but a name in the kernel
-    const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + std::size_t(m_socket.size()));
-
     const FileDescriptor socket(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     if (!socket.isValid())
         return false;
@@ -81,7 +74,7 @@ bool ServiceNotifier::send(const QByteArray &state) const
     const timeval patience{.tv_sec = 0, .tv_usec = 200'000};
     ::setsockopt(socket.value(), SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
     return ::sendto(socket.value(), state.constData(), std::size_t(state.size()), MSG_NOSIGNAL,
-                    reinterpret_cast<const sockaddr *>(&address), size) == state.size();
+                    address->data(), address->size) == state.size();
 }
 
 } // namespace quorvane
