@@ -8,9 +8,13 @@ HttpsPeer.log, as a JSON line: at once, and again for each JSON object that it r
 arguments ({} tells nothing). Test scripts import HttpsPeer instead.
 """
 import json
+import os
+import shutil
 import socket
 import ssl
+import subprocess
 import sys
+import tempfile
 import threading
 import time
 from dataclasses import dataclass, field
@@ -27,6 +31,14 @@ class Behaviour:
     # "refuse" (no connection, for good).
     fault: str = ""
     asks_certificate: bool = False  # the client's, for "*" only; goes on without
+
+
+def make_certificates(case):
+    """For `setUpClass`: a folder with the certificates of the servers, which goes with the class."""
+    case.folder = tempfile.mkdtemp()
+    case.addClassCleanup(shutil.rmtree, case.folder)
+    subprocess.run([sys.executable, os.path.join(os.path.dirname(os.path.abspath(__file__)), "certificates.py"), case.folder],
+                   check=True)
 
 
 class HttpsPeer:

@@ -9,7 +9,6 @@ import shutil
 import signal
 import subprocess
 import sys
-import tempfile
 import time
 
 from command_line import UNKNOWN, CommandTest
@@ -18,7 +17,7 @@ from desktop import ROOT, binary
 
 SUPPORT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../support")
 sys.path.insert(0, SUPPORT)
-from https_peer import HttpsPeer  # noqa: E402
+from https_peer import HttpsPeer, make_certificates  # noqa: E402
 
 ENTRY = "autostart/me.tarnel.Quorvane.desktop"
 TOKEN = "server-token-0123456789-abcdefghijklmno"
@@ -161,9 +160,7 @@ class Secret(KeyringTest):
 class Connections(KeyringTest):
     @classmethod
     def setUpClass(cls):
-        cls.folder = tempfile.mkdtemp()
-        cls.addClassCleanup(shutil.rmtree, cls.folder)
-        subprocess.run([sys.executable, os.path.join(SUPPORT, "certificates.py"), cls.folder], check=True)
+        make_certificates(cls)
 
     def setUp(self):
         super().setUp()

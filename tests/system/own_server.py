@@ -6,16 +6,14 @@ import json
 import os
 import re
 import shutil
-import subprocess
 import sys
-import tempfile
 
 from harness import Event, SystemTest, main, seconds_from_now, start_keyring, store_secret, wait_until
 from desktop import SwayDesktop
 
 SUPPORT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../support")
 sys.path.insert(0, SUPPORT)
-from https_peer import HttpsPeer  # noqa: E402
+from https_peer import HttpsPeer, make_certificates  # noqa: E402
 
 TOKEN = "server-token-0123456789-abcdefghijklmno"
 TITLE = "Confidential merger talks"
@@ -26,9 +24,7 @@ HEALTH = {"configured": True, "sources": {"uploaded": "ok"}, "delivery": "ok", "
 class OwnServer(SystemTest):
     @classmethod
     def setUpClass(cls):
-        cls.folder = tempfile.mkdtemp()
-        cls.addClassCleanup(shutil.rmtree, cls.folder)
-        subprocess.run([sys.executable, os.path.join(SUPPORT, "certificates.py"), cls.folder], check=True)
+        make_certificates(cls)
 
     def setUp(self):
         self.server = HttpsPeer(self.folder, "pinned")
