@@ -15,13 +15,17 @@ set(QUORVANE_ROOMS
   "calendars:core async posix process calendars/records"
   "calendars/linux:core async posix process calendars calendars/records calendars/ical"
   "ui/dialogs:core async calendars"
-  "calendar-reader:core posix calendars/records calendars/ical"
+  "confinement:core posix"
+  "calendar-reader:core posix confinement calendars/records calendars/ical"
+  "update-unpacker:core posix confinement"
   "ui/components:core"
   "ui/components/linux:core async ui/components"
   "alert:core ui/format ui/components"
   "alert/linux:core ui/format ui/components alert"
   "network:core async"
   "network/linux:core async network"
+  "updates:core async network"
+  "updates/linux:core async posix process network updates"
   "model:core async ui/format process calendars calendars/records alert network"
   "model/linux:core async ui/format process calendars calendars/records alert model"
   "ui/agenda:core async ui/format ui/components calendars/records model"
@@ -36,7 +40,7 @@ set(QUORVANE_ROOMS
   "commands:core async ui/format calendars calendars/records network model launch"
   "ui/tray:core async ui/format model"
   "ui/tray/linux:core async ui/components ui/tray"
-  "app:core async posix process process/linux ui/format ui/components ui/components/linux ui/agenda ui/calendars ui/settings ui/sheet ui/dashboard ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux launch launch/linux commands ui/tray ui/tray/linux instance instance/linux")
+  "app:core async posix process process/linux ui/format ui/components ui/components/linux ui/agenda ui/calendars ui/settings ui/sheet ui/dashboard ui/dialogs calendars calendars/records calendars/ical calendars/linux alert alert/linux model model/linux network network/linux launch launch/linux commands ui/tray ui/tray/linux instance instance/linux updates updates/linux")
 
 # quorvane_room(PATH [ROOMS room...] [LINK library...] [PRIVATE_LINK library...] SOURCES file...)
 # One static library per room, named quorvane_<path with underscores>.

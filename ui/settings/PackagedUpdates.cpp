@@ -13,4 +13,9 @@ QString PackagedUpdates::version() const
     return tr("Version %1").arg(version.isEmpty() ? tr("Development") : version);
 }
 
+QString PackagedUpdates::keeper() const
+{
+    return tr("This copy of Quorvane is kept current by the way it was installed.");
+}
+
 } // namespace quorvane

@@ -24,6 +24,13 @@ public:
     [[nodiscard]] bool canDownloadAutomatically() const override { return false; }
     [[nodiscard]] bool canCheckForUpdates() const override { return false; }
     void checkNow() override {}
+    [[nodiscard]] QString keeper() const override;
+    [[nodiscard]] Phase phase() const override { return Phase::idle; }
+    [[nodiscard]] QString headline() const override { return {}; }
+    [[nodiscard]] QString notes() const override { return {}; }
+    [[nodiscard]] double progress() const override { return 0; }
+    void install() override {}
+    void stop() override {}
 };
 
 } // namespace quorvane

@@ -46,6 +46,13 @@ public:
     [[nodiscard]] bool canDownloadAutomatically() const override { return checks == Switch::on; }
     [[nodiscard]] bool canCheckForUpdates() const override { return true; }
     void checkNow() override { ++asked; }
+    [[nodiscard]] QString keeper() const override { return {}; }
+    [[nodiscard]] Phase phase() const override { return Phase::idle; }
+    [[nodiscard]] QString headline() const override { return {}; }
+    [[nodiscard]] QString notes() const override { return {}; }
+    [[nodiscard]] double progress() const override { return 0; }
+    void install() override {}
+    void stop() override {}
 
     Switch checks = Switch::on;
     int asked = 0;
