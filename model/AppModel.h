@@ -7,6 +7,7 @@
 #include "core/AlertRecord.h"
 #include "core/MeetingSelection.h"
 #include "core/Switch.h"
+#include "core/UpdatePolicy.h"
 #include "model/AcknowledgmentLedger.h"
 #include "model/AppModelServices.h"
 #include "model/Credentials.h"
@@ -111,6 +112,7 @@ public:
     [[nodiscard]] qsizetype freshCalendarEventCount() const { return m_freshCalendarEventCount; }
     /// Screen alerts stay away until this moment.
     [[nodiscard]] const std::optional<QDateTime> &pausedUntil() const { return m_pausedUntil; }
+    [[nodiscard]] OverlayVisibility overlayVisibility() const;
     /// Unix time in seconds, by the model's clock.
     [[nodiscard]] double now() const { return m_services.clock.now(); }
 
@@ -139,6 +141,9 @@ public:
     /// Keeps screen alerts away for `pauseLength` and closes the one that is up.
     void pauseAlerts();
     void resumeAlerts();
+    /// Takes up a pause, until that Unix time in seconds, from another copy of the program; never for longer
+    /// than `pauseLength` from now.
+    void continuePause(double until);
     /// Takes the alert away until the snooze of `meeting` runs out.
     void snooze(const Meeting &meeting);
     /// Marks the meeting's alert as answered for good and closes it if it is up.
@@ -160,6 +165,8 @@ public:
     QCoro::Task<> persistMeetingChoices();
     /// Opens the meeting's link in the browser; a failure becomes a notice.
     void join(const Meeting &meeting);
+    /// Shows a passing message.
+    void tell(const QString &notice, NoticeKind kind);
     void dismissNotice();
     /// Reads or leaves out the calendar from now on.
     QCoro::Task<> setCalendarEnabled(QString id, Switch enabled);

@@ -174,6 +174,17 @@ void AppModel::resumeAlerts()
     setPausedUntil(std::nullopt);
 }
 
+void AppModel::continuePause(double until)
+{
+    if (until > now())
+        setPausedUntil(UnixTime::moment(std::min(until, now() + pauseLength)));
+}
+
+OverlayVisibility AppModel::overlayVisibility() const
+{
+    return m_services.overlay.eventID() ? OverlayVisibility::visible : OverlayVisibility::hidden;
+}
+
 void AppModel::expirePause()
 {
     if (m_pausedUntil && UnixTime::seconds(*m_pausedUntil) <= now())
@@ -201,6 +212,11 @@ void AppModel::setPausedUntil(const std::optional<QDateTime> &until)
         return;
     m_pausedUntil = until;
     Q_EMIT pausedUntilChanged();
+}
+
+void AppModel::tell(const QString &notice, NoticeKind kind)
+{
+    setNotice(notice, kind);
 }
 
 void AppModel::setNotice(const std::optional<QString> &notice, NoticeKind kind)

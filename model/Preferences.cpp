@@ -5,6 +5,8 @@
 
 #include "model/MeetingChoicesText.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -21,6 +23,10 @@ const QString soundKey = u"soundEnabled"_s;
 const QString calendarFoldersKey = u"calendarFolders"_s;
 const QString ownAddressesKey = u"ownAddresses"_s;
 const QString fantasticalFolderKey = u"fantasticalFolderBookmark"_s;
+const QString checksForUpdatesKey = u"automaticallyChecksForUpdates"_s;
+const QString downloadsUpdatesKey = u"automaticallyDownloadsUpdates"_s;
+const QString nextUpdateCheckKey = u"nextUpdateCheck"_s;
+const QString announcedUpdateKey = u"announcedUpdate"_s;
 const QString trayHintKey = u"trayHintShown"_s;
 
 } // namespace
@@ -144,6 +150,48 @@ QString Preferences::fantasticalFolder() const
 Result<void> Preferences::setFantasticalFolder(const QString &folder)
 {
     return write(fantasticalFolderKey, folder);
+}
+
+bool Preferences::automaticallyChecksForUpdates() const
+{
+    return text(checksForUpdatesKey).compare("false"_L1, Qt::CaseInsensitive) != 0;
+}
+
+Result<void> Preferences::setAutomaticallyChecksForUpdates(Switch enabled)
+{
+    return write(checksForUpdatesKey, enabled == Switch::on);
+}
+
+bool Preferences::automaticallyDownloadsUpdates() const
+{
+    return text(downloadsUpdatesKey).compare("true"_L1, Qt::CaseInsensitive) == 0;
+}
+
+Result<void> Preferences::setAutomaticallyDownloadsUpdates(Switch enabled)
+{
+    return write(downloadsUpdatesKey, enabled == Switch::on);
+}
+
+std::optional<double> Preferences::nextUpdateCheck() const
+{
+    bool isNumber = false;
+    const double time = text(nextUpdateCheckKey).toDouble(&isNumber);
+    return isNumber && std::isfinite(time) ? std::optional(time) : std::nullopt;
+}
+
+Result<void> Preferences::setNextUpdateCheck(double time)
+{
+    return write(nextUpdateCheckKey, static_cast<qint64>(time));
+}
+
+QString Preferences::announcedUpdate() const
+{
+    return text(announcedUpdateKey);
+}
+
+Result<void> Preferences::setAnnouncedUpdate(const QString &version)
+{
+    return write(announcedUpdateKey, version);
 }
 
 bool Preferences::trayHintShown() const

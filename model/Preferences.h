@@ -13,6 +13,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace quorvane {
 
 /// The user's settings by name. Every question reads the file anew when it changed; a missing or unreadable
@@ -69,6 +71,21 @@ public:
     /// Folder of Fantastical's cache as the user chose it ("fantasticalFolderBookmark"); empty when none is.
     [[nodiscard]] QString fantasticalFolder() const;
     [[nodiscard]] Result<void> setFantasticalFolder(const QString &folder);
+
+    /// Whether newer versions are looked for by themselves ("automaticallyChecksForUpdates"): true unless the
+    /// setting says false.
+    [[nodiscard]] bool automaticallyChecksForUpdates() const;
+    [[nodiscard]] Result<void> setAutomaticallyChecksForUpdates(Switch enabled);
+    /// Whether they are then fetched and installed by themselves ("automaticallyDownloadsUpdates"): only if
+    /// the setting says true.
+    [[nodiscard]] bool automaticallyDownloadsUpdates() const;
+    [[nodiscard]] Result<void> setAutomaticallyDownloadsUpdates(Switch enabled);
+    /// When to look next, Unix time in seconds ("nextUpdateCheck"); absent when that was never decided.
+    [[nodiscard]] std::optional<double> nextUpdateCheck() const;
+    [[nodiscard]] Result<void> setNextUpdateCheck(double time);
+    /// The version of which the user was last told by a notification ("announcedUpdate").
+    [[nodiscard]] QString announcedUpdate() const;
+    [[nodiscard]] Result<void> setAnnouncedUpdate(const QString &version);
 
     /// Whether the user was told that this desktop has no place for a tray icon ("trayHintShown").
     [[nodiscard]] bool trayHintShown() const;
