@@ -3,9 +3,9 @@
 
 #include "calendars/ical/EventNotes.h"
 
-#include "calendars/ical/HtmlText.h"
 #include "calendars/ical/IcalText.h"
 #include "calendars/ical/LinkUnwrapper.h"
+#include "core/HtmlText.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -52,12 +52,12 @@ QString eventNotes(icalcomponent *event)
 {
     QString notes = icalText(event, ICAL_DESCRIPTION_PROPERTY).value_or(QString());
     if (HtmlText::isHtml(notes))
-        notes = HtmlText::plainText(notes);
+        notes = HtmlText::plainText(notes, HtmlText::Purpose::links);
     notes = LinkUnwrapper::unwrapped(notes);
     QString twin = htmlTwin(event);
     if (twin.isEmpty())
         return notes;
-    twin = LinkUnwrapper::unwrapped(HtmlText::plainText(twin));
+    twin = LinkUnwrapper::unwrapped(HtmlText::plainText(twin, HtmlText::Purpose::links));
     return notes.trimmed().isEmpty() ? twin : withLinksOf(twin, notes);
 }
 

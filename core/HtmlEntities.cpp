@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/ical/HtmlEntities.h"
+#include "core/HtmlEntities.h"
 
 #include <QString>
 

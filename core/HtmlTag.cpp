@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/ical/HtmlTag.h"
+#include "core/HtmlTag.h"
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendars/ical/HtmlText.h"
+#include "core/HtmlText.h"
 
-#include "calendars/ical/HtmlEntities.h"
-#include "calendars/ical/HtmlTag.h"
+#include "core/HtmlEntities.h"
+#include "core/HtmlTag.h"
 
 #include <QStringList>
 
@@ -39,8 +39,9 @@ bool isSearchable(const QString &link)
 class Converter final
 {
 public:
-    explicit Converter(QStringView html)
+    Converter(QStringView html, Purpose purpose)
         : m_html(html)
+        , m_purpose(purpose)
         , m_tags(html)
     {
     }
@@ -73,7 +74,7 @@ private:
                 return position + entity->length;
             }
         }
-        if (c == u'\n')
+        if (c == u'\n' && m_purpose == Purpose::links)
             newLine();
         else if (c.isSpace())
             space();
@@ -113,6 +114,8 @@ private:
             newLine();
         } else if (!inlined.contains(tag.name)) {
             beginLine();
+            if (tag.name == u"li" && !tag.closing && m_purpose == Purpose::reading)
+                bullet();
         }
         return tag.end;
     }
@@ -135,7 +138,8 @@ private:
 
     void endLink()
     {
-        if (isSearchable(m_link) && !QStringView(m_text).mid(m_linkStart).contains(m_link)) {
+        if (m_purpose == Purpose::links && isSearchable(m_link) &&
+            !QStringView(m_text).mid(m_linkStart).contains(m_link)) {
             space();
             m_text += m_link;
             m_text += u' ';
@@ -149,9 +153,17 @@ private:
             m_text += u' ';
     }
 
+    void bullet()
+    {
+        if (m_text.size() != m_bulletEnd)
+            m_text += u"• ";
+        m_bulletEnd = m_text.size();
+    }
+
     void beginLine()
     {
-        if (!m_text.endsWith(u'\n'))
+        // A block at the begin of a list's item stands beside its bullet.
+        if (!m_text.endsWith(u'\n') && m_text.size() != m_bulletEnd)
             newLine();
     }
 
@@ -159,15 +171,18 @@ private:
     {
         if (m_text.endsWith(u' '))
             m_text.chop(1);
+        m_bulletEnd = -1;
         if (!m_text.isEmpty() && !m_text.endsWith(u"\n\n"))
             m_text += u'\n';
     }
 
     QStringView m_html;
+    Purpose m_purpose;
     HtmlTagReader m_tags;
     QString m_text;
     QString m_link;
     qsizetype m_linkStart = 0;
+    qsizetype m_bulletEnd = -1;
     // What was searched for up to the end in vain is not searched for again.
     bool m_noCommentEnd = false;
     bool m_noDeclarationEnd = false;
@@ -189,9 +204,9 @@ bool isHtml(const QString &text)
     return false;
 }
 
-QString plainText(const QString &html)
+QString plainText(const QString &html, Purpose purpose)
 {
-    return Converter(html).convert();
+    return Converter(html, purpose).convert();
 }
 
 } // namespace quorvane::HtmlText
