@@ -51,13 +51,18 @@ FantasticalReader::Configuration fantasticalReader(const Preferences &preference
     };
 }
 
+ServerTrust serverTrust()
+{
+    return ServerTrust(pinnedCertificate);
+}
+
 NetworkSetup network(Secrets &secrets, const Preferences &preferences, const Clock &clock)
 {
     return {
         .secrets = secrets,
         .serverAddress = [&preferences] { return preferences.serverURL(); },
         .now = [&clock] { return clock.now(); },
-        .trust = ServerTrust(pinnedCertificate),
+        .trust = serverTrust(),
     };
 }
 

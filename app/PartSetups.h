@@ -36,6 +36,8 @@ struct CalendarStores
 /// Make them once per process (see `EvolutionStore`).
 [[nodiscard]] CalendarStores calendarStores();
 [[nodiscard]] FantasticalReader::Configuration fantasticalReader(const Preferences &preferences);
+/// Whom requests to other machines, and to a server on this one, are sent to.
+[[nodiscard]] ServerTrust serverTrust();
 [[nodiscard]] NetworkSetup network(Secrets &secrets, const Preferences &preferences, const Clock &clock);
 
 } // namespace PartSetups

@@ -25,7 +25,7 @@ const QString ownAddressesKey = u"ownAddresses"_s;
 const QString fantasticalFolderKey = u"fantasticalFolderBookmark"_s;
 const QString checksForUpdatesKey = u"automaticallyChecksForUpdates"_s;
 const QString downloadsUpdatesKey = u"automaticallyDownloadsUpdates"_s;
-const QString nextUpdateCheckKey = u"nextUpdateCheck"_s;
+const QString lastUpdateCheckKey = u"lastUpdateCheck"_s;
 const QString announcedUpdateKey = u"announcedUpdate"_s;
 const QString trayHintKey = u"trayHintShown"_s;
 
@@ -172,16 +172,16 @@ Result<void> Preferences::setAutomaticallyDownloadsUpdates(Switch enabled)
     return write(downloadsUpdatesKey, enabled == Switch::on);
 }
 
-std::optional<double> Preferences::nextUpdateCheck() const
+std::optional<double> Preferences::lastUpdateCheck() const
 {
     bool isNumber = false;
-    const double time = text(nextUpdateCheckKey).toDouble(&isNumber);
+    const double time = text(lastUpdateCheckKey).toDouble(&isNumber);
     return isNumber && std::isfinite(time) ? std::optional(time) : std::nullopt;
 }
 
-Result<void> Preferences::setNextUpdateCheck(double time)
+Result<void> Preferences::setLastUpdateCheck(double time)
 {
-    return write(nextUpdateCheckKey, static_cast<qint64>(time));
+    return write(lastUpdateCheckKey, static_cast<qint64>(time));
 }
 
 QString Preferences::announcedUpdate() const

@@ -80,9 +80,9 @@ public:
     /// the setting says true.
     [[nodiscard]] bool automaticallyDownloadsUpdates() const;
     [[nodiscard]] Result<void> setAutomaticallyDownloadsUpdates(Switch enabled);
-    /// When to look next, Unix time in seconds ("nextUpdateCheck"); absent when that was never decided.
-    [[nodiscard]] std::optional<double> nextUpdateCheck() const;
-    [[nodiscard]] Result<void> setNextUpdateCheck(double time);
+    /// When the feed was last read, Unix time in seconds ("lastUpdateCheck"); absent when it never was.
+    [[nodiscard]] std::optional<double> lastUpdateCheck() const;
+    [[nodiscard]] Result<void> setLastUpdateCheck(double time);
     /// The version of which the user was last told by a notification ("announcedUpdate").
     [[nodiscard]] QString announcedUpdate() const;
     [[nodiscard]] Result<void> setAnnouncedUpdate(const QString &version);

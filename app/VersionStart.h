@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "updates/linux/InstalledVersions.h"
+#include "updates/linux/VersionTrial.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <optional>
+
+namespace quorvane {
+
+class AppModel;
+class ProcessImage;
+
+/// A start of the program as one of several versions that lie beside each other: a new one has to prove
+/// itself before it stays. Does nothing where there is but one version, and for previews.
+class VersionStart final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// How many seconds in a row a new version has to work.
+    static constexpr int secondsOfProof = 10;
+
+    /// In `main`, before there are threads: may become another version and not return. `arguments` without
+    /// the program's name. `image` outlives this.
+    VersionStart(const ProcessImage &image, const QStringList &arguments);
+
+    /// Absent where there is but one version.
+    [[nodiscard]] const std::optional<InstalledVersions> &installed() const { return m_installed; }
+    /// Whether this is the first start of a new version.
+    [[nodiscard]] bool isFirst() const;
+    /// What the copy before this one wished to be taken up.
+    [[nodiscard]] std::optional<Handover> handover(double now) const;
+    /// Whether a newer version did not come up, of which the person does not know yet; does from now on.
+    [[nodiscard]] bool takeSetback();
+
+    /// The proof is that `model` ticks; it may go before this.
+    void follow(const AppModel &model);
+    /// The program ends as it was asked to, which proves as much.
+    void end();
+
+Q_SIGNALS:
+    /// The version that runs stays.
+    void settled();
+
+private:
+    void count();
+
+    std::optional<InstalledVersions> m_installed;
+    std::optional<VersionTrial> m_trial;
+    int m_seconds = 0;
+};
+
+} // namespace quorvane
