@@ -11,7 +11,7 @@
 namespace quorvane {
 
 /// Where the body of a download goes, piece by piece. Main thread only; what takes time is done elsewhere. No
-/// piece comes before the one before it was taken, and nothing more is received meanwhile than some 100 KB.
+/// piece comes before the one before it was taken, and what is received meanwhile is bounded.
 class DownloadSink
 {
 public:

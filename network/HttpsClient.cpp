@@ -10,7 +10,6 @@
 
 #include <QCoroFuture>
 #include <QDeadlineTimer>
-#include <QHostAddress>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
@@ -21,11 +20,6 @@ namespace {
 
 /// The part of the time limit that looking for a proxy may take.
 constexpr int proxyShare = 5;
-
-bool isThisMachine(const QUrl &url)
-{
-    return url.host() == "localhost"_L1 || QHostAddress(url.host()).isLoopback();
-}
 
 } // namespace
 
@@ -40,10 +34,8 @@ QCoro::Task<Result<QByteArray>> HttpsClient::send(HttpsRequest request)
     if (request.url.scheme() != "https"_L1)
         co_return Failure(make_error_code(NetworkError::configuration));
     const QPointer<HttpsClient> self(this);
-    QNetworkProxy proxy(QNetworkProxy::NoProxy);
     const QDeadlineTimer end(m_timeLimit, Qt::PreciseTimer);
-    if (!isThisMachine(request.url))
-        proxy = co_await systemProxy(request.url, m_timeLimit / proxyShare);
+    const QNetworkProxy proxy = co_await systemProxy(request.url, m_timeLimit / proxyShare);
     if (!self)
         co_return Failure(transportError(QNetworkReply::OperationCanceledError));
     const std::chrono::milliseconds timeLeft(end.remainingTime());

@@ -10,11 +10,15 @@
 #include "network/ServerTrust.h"
 
 #include <QCoroTask>
+#include <QDeadlineTimer>
 #include <QObject>
+#include <QUrl>
 
 #include <memory>
 
 namespace quorvane {
+
+class DownloadStream;
 
 /// Fetches bodies of any size over HTTPS, each piece to its sink before the next one. Redirects are followed
 /// to other HTTPS addresses, each over a connection of its own whose certificate is judged anew; no cookie,
@@ -32,11 +36,19 @@ public:
     /// Done when the sink has the whole body. Fails with `NetworkError::configuration` for a URL that is not
     /// HTTPS, with `NetworkError::rejected` for an answer that does not count, with `NetworkError::tooLong`
     /// for a body above `request.longest`, with what the sink failed with, else as `transportError` says.
-    /// After `RemoteHostClosedError` and the like the sink has what came before.
+    /// After any failure the sink has what came before.
     [[nodiscard]] QCoro::Task<Result<void>> fetch(DownloadRequest request,
                                                   std::shared_ptr<DownloadSink> sink);
 
 private:
+    using Answer = std::shared_ptr<DownloadStream>;
+
+    [[nodiscard]] QCoro::Task<Result<Answer>> ask(QUrl url, qint64 offset, QDeadlineTimer end);
+    [[nodiscard]] QCoro::Task<Result<Answer>> askFromWhereItStood(DownloadRequest request,
+                                                                  QDeadlineTimer end);
+    [[nodiscard]] QCoro::Task<Result<void>> pour(Answer answer, DownloadRequest request,
+                                                 std::shared_ptr<DownloadSink> sink);
+
     ServerTrust m_trust;
     DownloadLimits m_limits;
 };

@@ -4,13 +4,9 @@
 #pragma once
 
 #include "core/Result.h"
-#include "network/HttpsRequest.h"
-#include "network/ServerTrust.h"
+#include "network/HttpsCall.h"
 
 #include <QFuture>
-#include <QNetworkAccessManager>
-#include <QNetworkProxy>
-#include <QNetworkReply>
 #include <QPromise>
 #include <QTimer>
 
@@ -18,8 +14,8 @@
 
 namespace quorvane {
 
-/// One request and its answer, over a connection of its own: nothing is cached, kept or sent twice. Deletes
-/// itself after the answer; whoever deletes it earlier ends it with `OperationCanceledError`.
+/// One request and its answer, over a connection of its own (HttpsCall). Deletes itself after the answer;
+/// whoever deletes it earlier ends it with `OperationCanceledError`.
 class HttpsExchange final : public QObject
 {
     Q_OBJECT
@@ -34,21 +30,14 @@ public:
     [[nodiscard]] QFuture<Result<QByteArray>> answer() const { return m_answer.future(); }
 
 private:
-    void send(const HttpsRequest &request);
-    void judgeCertificate();
-    void openConnection();
     void judgeHead();
     void takeBody();
     void end();
     void settle(const Result<QByteArray> &answer);
     [[nodiscard]] bool hasGoodStatus() const;
 
-    ServerTrust m_trust;
-    bool m_isPinned;
-    QNetworkAccessManager m_manager;
-    QNetworkReply *m_reply = nullptr;
+    HttpsCall m_call;
     QTimer m_bound;
-    int m_connections = 0;
     QByteArray m_body;
     QPromise<Result<QByteArray>> m_answer;
     bool m_isSettled = false;

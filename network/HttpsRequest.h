@@ -18,6 +18,8 @@ struct HttpsRequest
     /// The value of the header "Authorization"; empty for none.
     QByteArray authorization;
     std::optional<QByteArray> body;
+    /// The value of the header "Range"; empty for none.
+    QByteArray range{};
 };
 
 } // namespace quorvane

@@ -14,6 +14,8 @@ std::string errorText(NetworkError error)
         return "the request was rejected";
     case NetworkError::invalidResponse:
         return "the answer says failure";
+    case NetworkError::tooLong:
+        return "the download is too long";
     }
     return "unknown";
 }

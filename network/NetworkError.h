@@ -15,6 +15,8 @@ enum class NetworkError {
     rejected,
     /// The answer decoded but says failure, or an identifier to be sent has the wrong form.
     invalidResponse,
+    /// A download has more bytes than it may have.
+    tooLong,
 };
 
 [[nodiscard]] std::string errorText(NetworkError error);

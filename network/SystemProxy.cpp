@@ -5,9 +5,18 @@
 
 #include "async/OffThread.h"
 
+#include <QHostAddress>
+
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
+
+bool isThisMachine(const QUrl &url)
+{
+    return url.host() == "localhost"_L1 || QHostAddress(url.host()).isLoopback();
+}
 
 QNetworkProxy ask(const QUrl &url)
 {
@@ -19,6 +28,8 @@ QNetworkProxy ask(const QUrl &url)
 
 QCoro::Task<QNetworkProxy> systemProxy(QUrl url, std::chrono::milliseconds limit)
 {
+    if (isThisMachine(url))
+        co_return QNetworkProxy(QNetworkProxy::NoProxy);
     std::function<QNetworkProxy()> job = [url] { return ask(url); };
     const std::optional<QNetworkProxy> proxy = co_await offThread<QNetworkProxy>(std::move(job), limit);
     co_return proxy.value_or(QNetworkProxy(QNetworkProxy::NoProxy));

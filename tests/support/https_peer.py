@@ -26,11 +26,20 @@ class Behaviour:
     headers: dict = field(default_factory=dict)
     body: str = ""
     size: int = 0  # of a body of letters instead
-    length: bool = True  # whether the answer says how long it is
-    # "hang", "drop", "drop midway", "garbage", "drip" (ten bytes a second); for "*" only: "silent" (no handshake),
-    # "refuse" (no connection, for good).
+    file: str = ""  # whose bytes are the body instead
+    length: bool | int = True  # whether the answer says how long it is, or how long it says that it is
+    # "hang", "drop", "drop midway", "stall" midway, "garbage", "drip" (ten bytes a second), "endless" (the body again and
+    # again); for "*" only: "silent" (no handshake), "refuse" (no connection, for good).
     fault: str = ""
+    midway: int = -1  # where in an answer's body that is, in bytes; the middle by default
+    ranges: str = "kept"  # what becomes of a wish for the rest: "kept", "ignored", "refused", "wrong" (another rest)
     asks_certificate: bool = False  # the client's, for "*" only; goes on without
+
+    def content(self):
+        if not self.file:
+            return b"x" * self.size or self.body.encode()
+        with open(self.file, "rb") as file:
+            return file.read()
 
 
 def make_certificates(case):
@@ -50,8 +59,9 @@ class HttpsPeer:
         self.listener = socket.create_server(("127.0.0.1", 0))
         self.silenced = []
         # "received" is every byte that came encrypted, as Latin-1; "requests" are the same in one line each: method,
-        # path, content type, authorization, body.
-        self.log = {"port": self.listener.getsockname()[1], "connections": 0, "received": "", "requests": []}
+        # path, content type, authorization, range, body. "sent" counts the bytes of endless bodies.
+        self.log = {"port": self.listener.getsockname()[1], "connections": 0, "received": "", "requests": [],
+                    "sent": 0}
         threading.Thread(target=self.accept, daemon=True).start()
 
     def tell(self, path="*", **behaviour):
@@ -78,7 +88,7 @@ class HttpsPeer:
         self.context.verify_mode = ssl.CERT_OPTIONAL if general.asks_certificate else ssl.CERT_NONE
         try:
             with self.context.wrap_socket(plain, server_side=True) as tls:
-                while self.answer(tls, self.request(tls)):
+                while self.answer(tls, *self.request(tls)):
                     pass
         except OSError:
             pass  # the client has gone, or never wanted to talk to this certificate
@@ -90,9 +100,9 @@ class HttpsPeer:
         missing = int(headers.get("Content-Length", 0)) - len(body)
         body += self.read(tls, lambda data: len(data) >= missing)
         method, path, _ = first.split(" ")
-        words = method, path, headers.get("Content-Type"), headers.get("Authorization"), body
+        words = method, path, headers.get("Content-Type"), headers.get("Authorization"), headers.get("Range"), body
         self.log["requests"].append(" ".join(filter(None, words)))
-        return path.partition("?")[0]
+        return path.partition("?")[0], int(headers.get("Range", "bytes=0-")[6:-1])
 
     def read(self, tls, is_complete):
         data = ""
@@ -104,27 +114,49 @@ class HttpsPeer:
             data += more
         return data
 
-    def answer(self, tls, path):
+    def answer(self, tls, path, begin):
         """Whether the connection stays open."""
         how = self.behaviours.get(path, self.behaviours["*"])
-        body = b"x" * how.size or how.body.encode()
         if how.fault == "hang":
             tls.recv(1)
         if how.fault == "garbage":
             tls.sendall(b"\0\1\2 no HTTP at all\r\n\r\n")
         if how.fault in ("hang", "drop", "garbage"):
             return False
-        headers = how.headers | ({"Content-Length": len(body)} if how.length else {})
-        lines = [f"HTTP/1.1 {how.status} Told", *(f"{name}: {value}" for name, value in headers.items()), "\r\n"]
+        status, headers, body = self.part(how, memoryview(how.content()), begin)
+        if how.length is not False:
+            headers = headers | {"Content-Length": len(body) if how.length is True else how.length}
+        lines = [f"HTTP/1.1 {status} Told", *(f"{name}: {value}" for name, value in headers.items()), "\r\n"]
         tls.sendall("\r\n".join(lines).encode())
+        return self.send(tls, how, body) and how.length is True
+
+    def part(self, how, body, begin):
+        """Status, headers and body of the answer to a wish for all bytes from `begin` on."""
+        if not begin or how.status != 200 or how.ranges == "ignored":
+            return how.status, how.headers, body
+        if how.ranges == "refused" or begin >= len(body):
+            return 416, how.headers | {"Content-Range": f"bytes */{len(body)}"}, body[:0]
+        begin -= how.ranges == "wrong"
+        return 206, how.headers | {"Content-Range": f"bytes {begin}-{len(body) - 1}/{len(body)}"}, body[begin:]
+
+    def send(self, tls, how, body):
+        """Whether all of the body was sent."""
         if how.fault == "drip":
             for byte in body:
                 tls.sendall(bytes([byte]))
                 time.sleep(0.1)
             return False
-        is_cut = how.fault == "drop midway"
-        tls.sendall(body[: len(body) // 2] if is_cut else body)
-        return how.length and not is_cut
+        while how.fault == "endless":
+            tls.sendall(body)
+            self.log["sent"] += len(body)
+        if how.fault not in ("drop midway", "stall"):
+            tls.sendall(body)
+            return True
+        midway = how.midway if how.midway >= 0 else len(body) // 2
+        tls.sendall(body[:midway])
+        if how.fault == "stall":
+            tls.recv(1)
+        return midway >= len(body)
 
 
 def main():
