@@ -15,6 +15,9 @@
 
 namespace quorvane {
 
+class DurableFolder;
+struct TrialRecord;
+
 /// A new version is on trial from its first start until it is confirmed; one that ended before that gives way
 /// to the version before it. Also keeps the files of the running version from being cleaned up, so it has to
 /// live as long as the process. Belongs to one thread, needs no application object, and waits for nothing but
@@ -86,9 +89,11 @@ private:
     explicit VersionTrial(InstalledVersions installed);
 
     void join();
-    void startTrial(FileDescriptor mark);
-    void rollBack();
+    void decide(const DurableFolder &root, const TrialRecord &record);
+    void rollBack(const DurableFolder &root, const TrialRecord &record);
+    void giveWayIfRejected();
     void giveWay(const QString &version);
+    void forgive(const DurableFolder &root) const;
     void noteGivenUp();
 
     InstalledVersions m_installed;

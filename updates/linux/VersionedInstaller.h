@@ -23,7 +23,8 @@ class VersionedInstaller final : public UpdateInstaller
 public:
     struct Limits
     {
-        std::chrono::milliseconds unpacking{120'000};
+        /// The unpacker has a bound of its own, 120 seconds, and says so itself.
+        std::chrono::milliseconds unpacking{130'000};
         std::chrono::milliseconds selfTest{30'000};
         /// Reading the archive, and pushing what was unpacked to the disk.
         std::chrono::milliseconds disk{120'000};
@@ -58,6 +59,7 @@ public:
 
 private:
     [[nodiscard]] Result<std::shared_ptr<UpdatesFolder>> updatesFolder();
+    [[nodiscard]] bool isWorking() const;
 
     Configuration m_configuration;
     std::shared_ptr<UpdatesFolder> m_folder;

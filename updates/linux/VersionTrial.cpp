@@ -1,0 +1,201 @@
+// SPDX-FileCopyrightText: 2026 The Quorvane authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "updates/linux/VersionTrial.h"
+
+#include "updates/linux/DurableFolder.h"
+#include "updates/linux/FileLock.h"
+#include "updates/linux/RejectedVersions.h"
+#include "updates/linux/TrialRecord.h"
+#include "updates/linux/TrialWatcher.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <fcntl.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+namespace {
+
+constexpr double longestPause = 300;
+constexpr std::chrono::milliseconds decisionTime{2'000};
+constexpr std::chrono::milliseconds confirmationTime{50};
+
+FileDescriptor lockedFolder(const QString &path)
+{
+    FileDescriptor folder(::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    static_cast<void>(tryLock(folder, LockKind::shared));
+    return folder;
+}
+
+QString linkTarget(const QString &version)
+{
+    return u"versions/"_s + version;
+}
+
+void endTrial(const DurableFolder &root)
+{
+    // In this order: a mark alone means nothing.
+    root.remove(TrialRecord::file);
+    root.remove(TrialRecord::mark);
+}
+
+} // namespace
+
+VersionTrial::VersionTrial(InstalledVersions installed)
+    : m_installed(std::move(installed))
+    , m_ownFolder(lockedFolder(m_installed.folder(m_installed.own())))
+{
+}
+
+VersionTrial VersionTrial::begin(const InstalledVersions &installed)
+{
+    VersionTrial trial(installed);
+    trial.join();
+    trial.noteGivenUp();
+    return trial;
+}
+
+// Who decides holds a lock on trial.json, so that two starts at once do not both find a trial that has just
+// failed. The file may be gone, with its lock, when the lock is had.
+void VersionTrial::join()
+{
+    const DurableFolder root(m_installed.root());
+    const FileDescriptor decision = root.open(TrialRecord::file, O_RDONLY);
+    if (!decision.isValid())
+        return giveWayIfRejected();
+    if (!lockInTime(decision, decisionTime)) {
+        m_outcome = Outcome::inProgress;
+        return;
+    }
+    if (!root.isStill(TrialRecord::file, decision))
+        return join();
+    const Result<TrialRecord> record =
+        TrialRecord::fromJson(root.read(TrialRecord::file).value_or(QByteArray()));
+    if (record && record->version == m_installed.own())
+        decide(root, *record);
+}
+
+void VersionTrial::decide(const DurableFolder &root, const TrialRecord &record)
+{
+    m_previous = record.previous;
+    FileDescriptor mark = root.open(TrialRecord::mark, O_RDWR | O_CREAT | O_EXCL);
+    const bool isFirst = mark.isValid();
+    if (!isFirst && errno == EEXIST)
+        mark = root.open(TrialRecord::mark, O_RDWR);
+    if (mark.isValid() && !tryLock(mark, LockKind::exclusive)) {
+        m_outcome = Outcome::inProgress;
+        return;
+    }
+    m_handover = record.handover;
+    // Without a mark nobody could tell later that this version did not survive: it is not tried then.
+    if (!isFirst)
+        return rollBack(root, record);
+    m_mark = std::move(mark);
+    m_outcome = Outcome::onTrial;
+}
+
+void VersionTrial::rollBack(const DurableFolder &root, const TrialRecord &record)
+{
+    const QString current = m_installed.currentVersion().value_or(m_installed.own());
+    if (current != m_installed.own() && m_installed.isExecutable(current))
+        return giveWay(current); // a roll back was killed at its end
+    if (record.previous == m_installed.own() || !m_installed.isExecutable(record.previous))
+        return endTrial(root); // nothing to go back to: maybe this one works today
+    RejectedVersions rejected = RejectedVersions::read(root);
+    rejected.add(m_installed.own(), record.handover);
+    static_cast<void>(rejected.write(root));
+    // Where nothing can be written the next start comes here again.
+    if (root.link("current", linkTarget(record.previous)) && root.flush()) {
+        endTrial(root);
+        static_cast<void>(root.flush());
+    }
+    giveWay(record.previous);
+}
+
+// A start that came while another one was rolling back finds no trial any more, but is still the wrong
+// version.
+void VersionTrial::giveWayIfRejected()
+{
+    const std::optional<QString> current = m_installed.currentVersion();
+    if (current && *current != m_installed.own() && m_installed.isExecutable(*current) &&
+        RejectedVersions::read(DurableFolder(m_installed.root())).versions.contains(m_installed.own()))
+        giveWay(*current);
+}
+
+void VersionTrial::giveWay(const QString &version)
+{
+    m_outcome = Outcome::rolledBack;
+    m_successor = m_installed.executable(version);
+}
+
+void VersionTrial::noteGivenUp()
+{
+    const RejectedVersions rejected = RejectedVersions::read(DurableFolder(m_installed.root()));
+    if (!rejected.untold || *rejected.untold == m_installed.own())
+        return;
+    m_givenUp = rejected.untold;
+    if (!m_handover)
+        m_handover = rejected.handover;
+}
+
+void VersionTrial::setTold()
+{
+    if (!m_givenUp)
+        return;
+    m_givenUp.reset();
+    const DurableFolder root(m_installed.root());
+    RejectedVersions rejected = RejectedVersions::read(root);
+    rejected.untold.reset();
+    rejected.handover.reset();
+    static_cast<void>(rejected.write(root));
+}
+
+std::optional<Handover> VersionTrial::handover(double now) const
+{
+    if (!m_handover || m_outcome == Outcome::rolledBack)
+        return std::nullopt;
+    Handover handover = *m_handover;
+    if (handover.pausedUntil && (*handover.pausedUntil <= now || *handover.pausedUntil > now + longestPause))
+        handover.pausedUntil.reset();
+    return handover;
+}
+
+void VersionTrial::watch(const Start &start, WatchTimes times)
+{
+    if (m_outcome == Outcome::onTrial)
+        m_watcher = TrialWatcher::begin(m_installed.currentExecutable(), start, times);
+}
+
+void VersionTrial::confirm()
+{
+    if (m_outcome != Outcome::onTrial)
+        return;
+    m_outcome = Outcome::none;
+    const DurableFolder root(m_installed.root());
+    const FileDescriptor decision = root.open(TrialRecord::file, O_RDONLY);
+    static_cast<void>(lockInTime(decision, confirmationTime));
+    static_cast<void>(root.link("previous", linkTarget(m_previous)));
+    endTrial(root);
+    TrialWatcher::confirm(m_watcher);
+    m_watcher = {};
+    m_mark = {};
+    forgive(root);
+    root.flushInBackground();
+}
+
+// It was given up once, and tried again.
+void VersionTrial::forgive(const DurableFolder &root) const
+{
+    RejectedVersions rejected = RejectedVersions::read(root);
+    if (rejected.versions.removeAll(m_installed.own()) == 0)
+        return;
+    if (rejected.untold == m_installed.own())
+        rejected = {rejected.versions, std::nullopt, std::nullopt};
+    static_cast<void>(rejected.write(root));
+}
+
+} // namespace quorvane
