@@ -24,7 +24,7 @@ set(QUORVANE_ROOMS
   "alert/linux:core ui/format ui/components alert"
   "network:core async"
   "network/linux:core async network"
-  "updates:core async network"
+  "updates:core async posix network"
   "updates/linux:core async posix process network updates"
   "model:core async ui/format process calendars calendars/records alert network"
   "model/linux:core async ui/format process calendars calendars/records alert model"

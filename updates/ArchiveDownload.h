@@ -43,7 +43,7 @@ public:
     void cancel();
 
 private:
-    [[nodiscard]] QCoro::Task<Result<void>> attempt(UpdateItem item, QString file, Progress progress);
+    [[nodiscard]] QCoro::Task<Result<void>> fill(UpdateItem item, QString path, Progress progress);
 
     ArchiveDownloadSetup m_setup;
     std::unique_ptr<HttpsDownload> m_download;
