@@ -16,10 +16,16 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 BUILD = ROOT / "build/fuzz"
 SAMPLES = ROOT / "docs/samples"
 SEEDS = ROOT / "tests/fuzz/seeds"
-NAMES = ("cache", "contents", "input")
+NAMES = ("cache", "contents", "feed", "input")
 SNAPSHOT = (b'{"events":[{"id":"a","title":"t","start":1,"end":2,"calendar":"n","joinURL":null,"source":"mac",'
             b'"cancelled":false,"allDay":false}],"calendars":[{"id":"c","name":"n","account":"m"}],"skipped":1,'
             b'"checkedAt":3,"cacheModifiedAt":4}')
+
+FEED = """<?xml version="1.0"?>
+<rss version="2.0" xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle"><channel><item>%s
+<description%s><![CDATA[<h2>New</h2><ul><li>a &amp; <a href="https://a.example/">b</a></li></ul>]]></description>
+<enclosure url="https://a.example/2.tar.xz" length="9" sparkle:edSignature="%s" %s/></item></channel></rss>"""
+SIGNATURE = "A" * 86 + "=="
 
 
 def seed(name, corpus):
@@ -34,6 +40,11 @@ def seed(name, corpus):
     elif name == "contents":
         for sample in samples:
             (corpus / sample.name).write_bytes(sample.read_bytes())
+    elif name == "feed":
+        versions = "<sparkle:version>2</sparkle:version><sparkle:shortVersionString>1.2</sparkle:shortVersionString>"
+        (corpus / "elements").write_text(FEED % (versions, "", SIGNATURE, ""))
+        (corpus / "attributes").write_text(
+            FEED % ("", ' sparkle:format="plain-text"', SIGNATURE, 'sparkle:version="2" sparkle:os="linux"'))
     else:
         (corpus / "list").write_bytes('["calendar","“other”",""]'.encode())
         (corpus / "snapshot").write_bytes(SNAPSHOT)
