@@ -35,6 +35,13 @@ void Dashboard::setSection(Section section)
     Q_EMIT sectionChanged();
 }
 
+void Dashboard::openUpdates()
+{
+    setSection(Section::settings);
+    if (!m_isSheetOpen)
+        Q_EMIT updatesRequested();
+}
+
 void Dashboard::openSheet()
 {
     if (m_isSheetOpen)

@@ -60,12 +60,15 @@ public:
     [[nodiscard]] bool needsAttention() const { return m_status.needsAttention; }
     [[nodiscard]] int attentionCount() const { return m_attentionCount; }
 
+    /// Brings the updates on the settings page into sight; an open sheet stays in front of them.
+    void openUpdates();
     Q_INVOKABLE void openSheet();
     Q_INVOKABLE void closeSheet();
     Q_INVOKABLE void refresh();
 
 Q_SIGNALS:
     void sectionChanged();
+    void updatesRequested();
     void sheetOpenChanged();
     void statusChanged();
 

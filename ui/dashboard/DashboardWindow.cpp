@@ -68,6 +68,12 @@ void DashboardWindow::open()
     window.requestActivate();
 }
 
+void DashboardWindow::openUpdates()
+{
+    open();
+    m_view->dashboard.openUpdates();
+}
+
 // The window may be in the middle of an event, and Qt's own way to close one does not wait for the display
 // server.
 bool DashboardWindow::eventFilter(QObject *watched, QEvent *event)

@@ -37,6 +37,8 @@ public:
 
     /// Shows the window, or brings the one that is open to the front.
     void open();
+    /// The same, with the updates in sight.
+    void openUpdates();
     void close();
     [[nodiscard]] bool isOpen() const { return m_view != nullptr; }
 

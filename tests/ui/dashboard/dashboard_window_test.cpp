@@ -81,6 +81,27 @@ private Q_SLOTS:
         QTRY_VERIFY(visibleItem("AgendaPage"));
     }
 
+    void theUpdatesAreOpenedAt()
+    {
+        shown().resize(DashboardWindow::minimumSize);
+        m_window->openUpdates();
+        QTRY_VERIFY(visibleItem("UpdateGroup") && areUpdatesInSight());
+        QSignalSpy closed(m_window.get(), &DashboardWindow::closed);
+        m_window->close();
+        QVERIFY(closed.wait());
+        m_window->openUpdates();
+        QTRY_VERIFY(visibleItem("UpdateGroup") && areUpdatesInSight());
+    }
+
+    void aSheetStaysInFrontOfTheUpdates()
+    {
+        QTest::keyClick(&shown(), Qt::Key_N, Qt::ControlModifier);
+        QTRY_VERIFY(visibleItem("AddMeetingSheet"));
+        m_window->openUpdates();
+        QTRY_VERIFY(visibleItem("SettingsPage"));
+        QVERIFY(visibleItem("AddMeetingSheet")->isAncestorOf(shown().activeFocusItem()));
+    }
+
     void theSheetOpensByKeyTakesTheFocusAndGivesItBack()
     {
         for (int i = 0; i < 3; ++i)
@@ -106,6 +127,12 @@ private:
         m_window->open();
         QVERIFY(painted.wait());
         QVERIFY(QTest::qWaitForWindowActive(&shown()));
+    }
+
+    [[nodiscard]] static bool areUpdatesInSight()
+    {
+        const QQuickItem *group = visibleItem("UpdateGroup");
+        return QRectF({}, shown().size()).contains(group->mapRectToScene(group->boundingRect()));
     }
 
     [[nodiscard]] static QQuickWindow &shown()

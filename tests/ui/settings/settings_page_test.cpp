@@ -45,18 +45,40 @@ public:
     void setAutomaticallyDownloads(Switch) override {}
     [[nodiscard]] bool canDownloadAutomatically() const override { return checks == Switch::on; }
     [[nodiscard]] bool canCheckForUpdates() const override { return true; }
-    void checkNow() override { ++asked; }
+    void checkNow() override { asked << u"check"_s; }
     [[nodiscard]] QString keeper() const override { return {}; }
-    [[nodiscard]] Phase phase() const override { return Phase::idle; }
-    [[nodiscard]] QString headline() const override { return {}; }
-    [[nodiscard]] QString notes() const override { return {}; }
-    [[nodiscard]] double progress() const override { return 0; }
-    void install() override {}
-    void stop() override {}
+    [[nodiscard]] Phase phase() const override { return m_phase; }
+    [[nodiscard]] QString headline() const override { return m_headline; }
+    [[nodiscard]] QString notes() const override { return m_notes; }
+    [[nodiscard]] double progress() const override { return m_progress; }
+    void install() override { asked << u"install"_s; }
+    void stop() override { asked << u"stop"_s; }
+
+    void enter(Phase phase, const QString &headline, const QString &notes = {}, double progress = 0)
+    {
+        m_phase = phase;
+        m_headline = headline;
+        m_notes = notes;
+        m_progress = progress;
+        Q_EMIT progressed();
+    }
 
     Switch checks = Switch::on;
-    int asked = 0;
+    QStringList asked;
+
+private:
+    Phase m_phase = Phase::idle;
+    QString m_headline;
+    QString m_notes;
+    double m_progress = 0;
 };
+
+using Phase = UpdateSettings::Phase;
+const QString newer = u"Version 1.5.0 (813) is available."_s;
+const QString resume = u"Updates will resume after your meeting reminder is handled."_s;
+const QString news = u"• Alerts come up on displays that were plugged in a moment ago.\n"
+                     "• Calendars with thousands of repeating meetings are read in half the time.\n"
+                     "• Opening a meeting’s link no longer waits for a browser that is still starting."_s;
 
 } // namespace
 
@@ -76,10 +98,19 @@ private Q_SLOTS:
     void theQuestionBeforeRemovingIsAnsweredByKeys();
     void whatGetsTheKeyboardIsInSight();
     void anUpdaterIsTold();
+    void everyStepOfAnUpdateIsShown_data();
+    void everyStepOfAnUpdateIsShown();
+    void theKeyboardFollowsAnUpdate();
+    void longNotesAreReadByKeys();
+    void aDownloadIsHeard();
+    void whatComesOfACheckIsBroughtIntoSight();
 
 private:
     void open(QSize size, Switch dark = Switch::on);
+    /// The page as it is for who wants to see the updates->
+    void openUpdates(QSize size, Switch dark = Switch::on);
     void keepPicture();
+    void checkEveryWord(QSize page) const;
     void press(Qt::Key key) { QTest::keyClick(&picture->view, key); }
     void type(const QByteArray &letters);
     /// Presses Tab until the keyboard is at the control of this name.
@@ -87,7 +118,7 @@ private:
     /// The name by which a screen reader calls the control that has the keyboard.
     [[nodiscard]] QString current() const;
 
-    ObedientUpdates updates;
+    std::unique_ptr<ObedientUpdates> updates;
     std::unique_ptr<ModelFixture> f;
     std::unique_ptr<SettingsForm> form;
     std::unique_ptr<ViewPicture> picture;
@@ -95,6 +126,7 @@ private:
 
 void SettingsPageTest::init()
 {
+    updates = std::make_unique<ObedientUpdates>();
     f = std::make_unique<ModelFixture>();
     f->keyring.values = {{Secrets::pushoverUser, QByteArray(26, 'u') + "u7Qe"},
                          {Secrets::serverToken, QByteArray(36, 's') + "9f2c"}};
@@ -108,6 +140,7 @@ void SettingsPageTest::cleanup()
     picture.reset();
     form.reset();
     f.reset();
+    updates.reset();
 }
 
 void SettingsPageTest::open(QSize size, Switch dark)
@@ -119,12 +152,21 @@ void SettingsPageTest::open(QSize size, Switch dark)
                           {{u"settings"_s, QVariant::fromValue(form.get())}}));
 }
 
+void SettingsPageTest::openUpdates(QSize size, Switch dark)
+{
+    picture.reset();
+    form = std::make_unique<SettingsForm>(*f->model, updates.get());
+    open(size, dark);
+    QMetaObject::invokeMethod(picture->view.rootObject(), "showUpdates");
+}
+
 void SettingsPageTest::keepPicture()
 {
     const QString folder = qEnvironmentVariable("QUORVANE_PICTURES");
     if (!folder.isEmpty())
         picture->image().save(
-            u"%1/settings-%2.png"_s.arg(folder, QLatin1StringView(QTest::currentDataTag())));
+            u"%1/settings-%2-%3.png"_s.arg(folder, QLatin1StringView(QTest::currentDataTag()))
+                .arg(picture->view.width()));
 }
 
 QString SettingsPageTest::current() const
@@ -175,6 +217,11 @@ void SettingsPageTest::everyWindowHoldsEveryWord()
     form->server()->askToRemove();
     QTRY_COMPARE(form->phone()->userKey()->hint(), u"u7Qe"_s);
     keepPicture();
+    checkEveryWord(page);
+}
+
+void SettingsPageTest::checkEveryWord(QSize page) const
+{
     const auto items = picture->view.rootObject()->findChildren<QQuickItem *>();
     for (QQuickItem *item : items) {
         if (!item->isVisible() || !item->inherits("QQuickText"))
@@ -258,17 +305,121 @@ void SettingsPageTest::whatGetsTheKeyboardIsInSight()
 
 void SettingsPageTest::anUpdaterIsTold()
 {
-    form = std::make_unique<SettingsForm>(*f->model, &updates);
+    form = std::make_unique<SettingsForm>(*f->model, updates.get());
     open({884, 780});
     tabTo(u"Check for Updates"_s);
     press(Qt::Key_Return);
-    QCOMPARE(updates.asked, 1);
+    QCOMPARE(updates->asked, QStringList(u"check"_s));
     tabTo(u"Check for updates automatically"_s);
     press(Qt::Key_Space);
-    QCOMPARE(updates.checks, Switch::off);
-    Q_EMIT updates.changed();
+    QCOMPARE(updates->checks, Switch::off);
+    Q_EMIT updates->changed();
     press(Qt::Key_Tab);
     QCOMPARE(current(), u"Check for Updates"_s);
+}
+
+void SettingsPageTest::everyStepOfAnUpdateIsShown_data()
+{
+    QTest::addColumn<Phase>("phase");
+    QTest::addColumn<QString>("headline");
+    QTest::addColumn<QString>("notes");
+    const QString endless(300, u'W');
+    QTest::newRow("checking") << Phase::checking << u"Looking for updates…"_s << QString();
+    QTest::newRow("up-to-date") << Phase::upToDate << u"Quorvane is up to date."_s << QString();
+    QTest::newRow("available") << Phase::available << newer << news;
+    QTest::newRow("available-without-notes") << Phase::available << newer << QString();
+    QTest::newRow("downloading") << Phase::downloading << u"Downloading version 1.5.0 (813)…"_s << news;
+    QTest::newRow("preparing") << Phase::preparing << u"Checking and unpacking version 1.5.0 (813)…"_s
+                               << news;
+    QTest::newRow("waiting") << Phase::waiting << resume << news;
+    QTest::newRow("installed") << Phase::installed << u"Version 1.5.0 (813) is installed."_s << QString();
+    QTest::newRow("failed") << Phase::failed
+                            << u"The update could not be downloaded. Quorvane tries again later."_s
+                            << QString();
+    QTest::newRow("long-notes") << Phase::available << newer
+                                << (news + u'\n').repeated(15) + u"<b>no</b> "_s + endless;
+    QTest::newRow("long-headline") << Phase::downloading << u"Version %1 is available."_s.arg(endless)
+                                   << news;
+}
+
+void SettingsPageTest::everyStepOfAnUpdateIsShown()
+{
+    QFETCH(Phase, phase);
+    QFETCH(QString, headline);
+    QFETCH(QString, notes);
+    updates->enter(phase, headline, notes, 0.42);
+    for (const auto &[size, dark] :
+         {std::pair{QSize(884, 780), Switch::off}, {QSize(648, 620), Switch::on}}) {
+        openUpdates(size, dark);
+        QTRY_COMPARE(form->phone()->userKey()->hint(), u"u7Qe"_s);
+        const QQuickItem *group = picture->item("updates");
+        QTRY_VERIFY(ViewPicture::area(group).bottom() <= size.height());
+        QVERIFY(ViewPicture::area(group).top() >= 0);
+        keepPicture();
+        checkEveryWord(size);
+    }
+}
+
+void SettingsPageTest::theKeyboardFollowsAnUpdate()
+{
+    updates->enter(Phase::available, newer);
+    openUpdates({648, 620});
+    QTRY_COMPARE(current(), u"Download and Install"_s);
+    press(Qt::Key_Return);
+    updates->enter(Phase::downloading, newer);
+    QTRY_COMPARE(current(), u"Stop the download"_s);
+    press(Qt::Key_Return);
+    updates->enter(Phase::available, newer);
+    QTRY_COMPARE(current(), u"Download and Install"_s);
+    updates->enter(Phase::downloading, newer);
+    updates->enter(Phase::preparing, newer);
+    QTRY_COMPARE(current(), u"Check for Updates"_s);
+    updates->enter(Phase::failed, newer);
+    tabTo(u"Try Again"_s);
+    press(Qt::Key_Space);
+    QCOMPARE(updates->asked, QStringList({u"install"_s, u"stop"_s, u"install"_s}));
+}
+
+void SettingsPageTest::whatComesOfACheckIsBroughtIntoSight()
+{
+    openUpdates({648, 620});
+    QTRY_COMPARE(current(), u"Check for Updates"_s);
+    press(Qt::Key_Return);
+    updates->enter(Phase::available, newer, news);
+    const QQuickItem *group = picture->item("updates");
+    QTRY_VERIFY(ViewPicture::area(group).bottom() <= 620);
+}
+
+void SettingsPageTest::longNotesAreReadByKeys()
+{
+    updates->enter(Phase::available, newer, news);
+    openUpdates({648, 620});
+    QTRY_COMPARE(current(), u"Download and Install"_s);
+    press(Qt::Key_Backtab);
+    QCOMPARE(current(), u"Check for Updates"_s);
+    updates->enter(Phase::available, newer, news.repeated(9));
+    press(Qt::Key_Tab);
+    QCOMPARE(current(), u"What is new"_s);
+    const auto *words = picture->item("notes");
+    const double before = ViewPicture::area(words).top();
+    for (const auto &[key, moves] :
+         {std::pair{Qt::Key_PageDown, -1}, {Qt::Key_Down, -1}, {Qt::Key_Up, 1}, {Qt::Key_PageUp, 1}}) {
+        const double above = ViewPicture::area(words).top();
+        press(key);
+        QVERIFY((ViewPicture::area(words).top() - above) * moves > 0);
+    }
+    QCOMPARE(ViewPicture::area(words).top(), before);
+}
+
+void SettingsPageTest::aDownloadIsHeard()
+{
+    updates->enter(Phase::downloading, newer, {}, 0.429);
+    openUpdates({648, 620});
+    QAccessibleInterface *bar = QAccessible::queryAccessibleInterface(picture->item("progress"));
+    QCOMPARE(bar->role(), QAccessible::ProgressBar);
+    QCOMPARE(bar->text(QAccessible::Name), u"Download: 42%"_s);
+    updates->enter(Phase::downloading, newer, {}, 1);
+    QCOMPARE(bar->text(QAccessible::Name), u"Download: 100%"_s);
 }
 
 QTEST_MAIN(SettingsPageTest)

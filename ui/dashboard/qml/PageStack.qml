@@ -40,9 +40,19 @@ Item {
     }
 
     LazyPage {
+        id: settings
+
         anchors.fill: parent
         visible: stack.dashboard.section === Dashboard.Section.settings
         view: "qrc:/Quorvane/Settings/SettingsPage.qml"
         properties: ({ settings: stack.dashboard.settings })
+    }
+
+    Connections {
+        target: stack.dashboard
+
+        function onUpdatesRequested() {
+            settings.item.showUpdates();
+        }
     }
 }

@@ -13,6 +13,9 @@ Item {
     property string icon: Icons.check
     property color tint: Theme.ok
     property bool problem: false
+    /// Whether it is being done.
+    property bool busy: false
+    property bool strong: false
 
     visible: text !== ""
     implicitWidth: words.x + Math.ceil(words.implicitWidth)
@@ -20,8 +23,15 @@ Item {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
 
+    BusyRing {
+        y: words.y + 2
+        visible: line.busy
+        color: line.tint
+    }
+
     LineIcon {
         y: words.y + 2
+        visible: !line.busy
         width: 14
         height: 14
         outline: line.problem ? Icons.warning : line.icon
@@ -34,9 +44,9 @@ Item {
         x: 21
         y: Math.round((line.height - height) / 2)
         width: line.width - x
-        style: Label.Small
+        style: line.strong ? Label.Strong : Label.Small
         text: line.text
-        color: line.problem ? Theme.warn : Theme.text2
+        color: line.problem ? Theme.warn : line.strong ? Theme.text : Theme.text2
         wrapMode: Text.Wrap
         Accessible.ignored: true
     }

@@ -35,6 +35,11 @@ Item {
             scrollTo(top + item.height + room - flickable.height);
     }
 
+    function shows(item: Item) : bool {
+        const top = item.mapToItem(flickable, 0, 0).y;
+        return top < flickable.height && top + item.height > 0;
+    }
+
     onFocusItemChanged: if (focusItem && holds(focusItem))
         reveal(focusItem)
     Keys.onPressed: event => {

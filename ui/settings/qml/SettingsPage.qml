@@ -17,11 +17,32 @@ Item {
     readonly property real columnWidth: isSplit ? (contentWidth - gap) / 2 : contentWidth
     readonly property real gap: 18
 
+    property bool updatesWanted: false
+
+    /// Brings the updates into sight, with the keyboard at what to press next.
+    function showUpdates() : void {
+        // A page that has just been made gets its places with the next frame.
+        updatesWanted = true;
+        Window.window?.update();
+    }
+
     onVisibleChanged: if (visible)
         settings.reload()
     Component.onCompleted: settings.reload()
 
+    Connections {
+        target: page.updatesWanted ? page.Window.window : null
+
+        function onFrameSwapped() {
+            page.updatesWanted = false;
+            area.reveal(updateGroup);
+            updateGroup.begin();
+        }
+    }
+
     ScrollArea {
+        id: area
+
         anchors.fill: parent
         contentHeight: Math.max(left.y + left.height, right.y + right.height) + page.gap
 
@@ -63,8 +84,13 @@ Item {
                 phone: page.settings.phone
             }
             UpdateGroup {
+                id: updateGroup
+
+                objectName: "updates"
                 width: parent.width
                 updates: page.settings.updates
+                onHeightChanged: if (asked && area.shows(updateGroup))
+                    area.reveal(updateGroup)
             }
         }
     }

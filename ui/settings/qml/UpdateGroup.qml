@@ -10,11 +10,20 @@ SettingsGroup {
     id: group
 
     required property UpdateSettings updates
+    /// Whether the person has asked for something here, and so wants to see what becomes of it.
+    property bool asked: false
 
+    /// Gives the keyboard to what the person would press next.
+    function begin() : void {
+        asked = true;
+        (status.nextStep ?? checkButton).forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    onVisibleChanged: asked = false
     title: qsTr("Updates")
     icon: Icons.download
     note: updates.updatesItself ? qsTr("Keep Quorvane current. An update waits until no meeting alert is on screen.")
-                                : qsTr("This copy of Quorvane is kept current by the way it was installed.")
+                                : updates.keeper
 
     SwitchRow {
         title: qsTr("Check for updates automatically")
@@ -41,10 +50,23 @@ SettingsGroup {
         speaks: true
 
         ActionButton {
+            id: checkButton
+
             text: qsTr("Check for Updates")
             icon: Icons.refresh
             enabled: group.updates.canCheckForUpdates
-            onClicked: group.updates.checkNow()
+            onClicked: {
+                group.asked = true;
+                group.updates.checkNow();
+            }
         }
+    }
+
+    UpdateStatus {
+        id: status
+
+        width: parent.width
+        updates: group.updates
+        fallback: checkButton
     }
 }
