@@ -5,32 +5,7 @@
 
 #include "ui/tray/linux/TrayIcon.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-
-using namespace Qt::StringLiterals;
-
 namespace quorvane {
-
-namespace {
-
-QDBusMessage notification()
-{
-    const QString service = u"org.freedesktop.Notifications"_s;
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(service, u"/org/freedesktop/Notifications"_s, service, u"Notify"_s);
-    constexpr uint nothingToReplace = 0;
-    constexpr int serviceDecides = -1;
-    message << u"Quorvane"_s << nothingToReplace << u"me.tarnel.Quorvane"_s
-            << TrayHint::tr("Quorvane is running without an icon")
-            << TrayHint::tr("This desktop has no tray. To open Quorvane, start it again.") << QStringList()
-            << QVariantMap{{u"desktop-entry"_s, u"me.tarnel.Quorvane"_s}} << serviceDecides;
-    return message;
-}
-
-} // namespace
 
 TrayHint::TrayHint(TrayIcon &icon, std::function<bool()> wasShown, std::function<void()> remember,
                    QObject *parent, std::chrono::milliseconds patience)
@@ -38,7 +13,9 @@ TrayHint::TrayHint(TrayIcon &icon, std::function<bool()> wasShown, std::function
     , m_icon(icon)
     , m_wasShown(std::move(wasShown))
     , m_remember(std::move(remember))
+    , m_notice(this)
 {
+    connect(&m_notice, &DesktopNotice::taken, this, [this] { m_remember(); });
     m_wait.setSingleShot(true);
     m_wait.setInterval(patience);
     connect(&m_wait, &QTimer::timeout, this, &TrayHint::tell);
@@ -53,13 +30,8 @@ void TrayHint::tell()
     }
     if (m_wasShown() || m_icon.hasAppeared())
         return;
-    auto *call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(notification()), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-        const QDBusPendingReply<uint> reply = *call;
-        call->deleteLater();
-        if (reply.isValid())
-            m_remember();
-    });
+    m_notice.show({tr("Quorvane is running without an icon"),
+                   tr("This desktop has no tray. To open Quorvane, start it again.")});
 }
 
 } // namespace quorvane

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "ui/tray/linux/DesktopNotice.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -36,6 +38,7 @@ private:
     const TrayIcon &m_icon;
     std::function<bool()> m_wasShown;
     std::function<void()> m_remember;
+    DesktopNotice m_notice;
     QTimer m_wait;
 };
 

@@ -4,13 +4,13 @@
 // The word to who has no tray, on a private session bus with a notification service that answers as desktops
 // do, and with a tray or without.
 #include "tests/support/ModelFixture.h"
+#include "tests/ui/tray/linux/NotificationService.h"
 #include "ui/tray/MenuContent.h"
 #include "ui/tray/linux/TrayHint.h"
 #include "ui/tray/linux/TrayIcon.h"
 
 #include <QApplication>
 #include <QDBusConnection>
-#include <QDBusContext>
 #include <QDBusPendingCallWatcher>
 #include <QTest>
 
@@ -19,36 +19,9 @@ using namespace quorvane;
 
 namespace {
 
-const QString serviceName = u"org.freedesktop.Notifications"_s;
 const QString trayName = u"org.kde.StatusNotifierWatcher"_s;
 
-QDBusConnection serviceBus()
-{
-    return QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"notifications"_s);
-}
-
 } // namespace
-
-/// The desktop's notifications.
-class NotificationService final : public QObject, protected QDBusContext
-{
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
-
-public:
-    QStringList shown;
-    bool refuses = false;
-
-public Q_SLOTS:
-    uint Notify(const QString &program, uint, const QString &, const QString &summary, const QString &body,
-                const QStringList &, const QVariantMap &, int)
-    {
-        if (refuses)
-            sendErrorReply(QDBusError::LimitsExceeded);
-        shown.append(program + u'|' + summary + u'|' + body);
-        return 1;
-    }
-};
 
 /// A desktop's tray.
 class Tray final : public QObject
@@ -68,10 +41,9 @@ class TrayHintTest final : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY(serviceBus().registerObject(u"/org/freedesktop/Notifications"_s, &m_service,
-                                            QDBusConnection::ExportAllSlots));
-        QVERIFY(serviceBus().registerObject(u"/StatusNotifierWatcher"_s, &m_tray,
-                                            QDBusConnection::ExportAllProperties));
+        QVERIFY(m_service.isReady());
+        QVERIFY(NotificationService::bus().registerObject(u"/StatusNotifierWatcher"_s, &m_tray,
+                                                          QDBusConnection::ExportAllProperties));
     }
     void init()
     {
@@ -81,13 +53,13 @@ private Q_SLOTS:
     }
     void cleanup()
     {
-        serviceBus().unregisterService(serviceName);
-        serviceBus().unregisterService(trayName);
+        NotificationService::leave();
+        NotificationService::bus().unregisterService(trayName);
     }
 
     void whoHasNoTrayIsToldOnce()
     {
-        QVERIFY(serviceBus().registerService(serviceName));
+        QVERIFY(NotificationService::enter());
         waitForHint();
         QCOMPARE(m_remembered, 1);
         QCOMPARE(m_service.shown,
@@ -99,8 +71,8 @@ private Q_SLOTS:
 
     void whoHasATrayIsNotTold()
     {
-        QVERIFY(serviceBus().registerService(serviceName));
-        QVERIFY(serviceBus().registerService(trayName));
+        QVERIFY(NotificationService::enter());
+        QVERIFY(NotificationService::bus().registerService(trayName));
         waitForHint();
         QCOMPARE(m_service.shown, QStringList());
         QCOMPARE(m_remembered, 0);
@@ -116,7 +88,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, isThere);
         m_service.refuses = true;
-        QVERIFY(!isThere || serviceBus().registerService(serviceName));
+        QVERIFY(!isThere || NotificationService::enter());
         waitForHint();
         QCOMPARE(m_service.shown.size(), isThere ? 1 : 0);
         QCOMPARE(m_remembered, 0);
