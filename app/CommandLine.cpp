@@ -7,6 +7,7 @@
 #include "app/PartSetups.h"
 #include "app/PreviewError.h"
 #include "app/PreviewExporter.h"
+#include "app/SelfTest.h"
 #include "app/UserFolders.h"
 #include "calendars/CalendarReader.h"
 #include "calendars/FantasticalReader.h"
@@ -16,6 +17,7 @@
 #include "commands/ExitStatus.h"
 #include "commands/LoginCommands.h"
 #include "commands/SecretCommand.h"
+#include "commands/SelfTestCommand.h"
 #include "commands/TestMeetingCommand.h"
 #include "launch/linux/AutostartEntry.h"
 #include "launch/linux/SystemdManager.h"
@@ -25,6 +27,7 @@
 #include "network/Secrets.h"
 #include "network/linux/LateSecretService.h"
 #include "process/linux/PosixProcessRunner.h"
+#include "updates/linux/InstalledVersions.h"
 
 #include <QGuiApplication>
 
@@ -73,10 +76,17 @@ TestMeetingCommand::Writers eventWriters()
     return writers;
 }
 
+/// How this copy of the program is still started when it has updated itself.
+QString lastingExecutable()
+{
+    const QString executable = QCoreApplication::applicationFilePath();
+    const auto installed = InstalledVersions::ofExecutable(executable);
+    return installed ? installed->currentExecutable() : executable;
+}
+
 AutostartEntry loginEntry()
 {
-    return AutostartEntry(QCoreApplication::applicationFilePath(),
-                          AutostartEntry::systemConfigurationFolders());
+    return AutostartEntry(lastingExecutable(), AutostartEntry::systemConfigurationFolders());
 }
 
 /// A name that could not be decoded would be that of another folder.
@@ -159,6 +169,20 @@ int createTestMeeting()
     CalendarReader reader(calendarStores(background.preferences));
     TestMeetingCommand command(reader, eventWriters(), CommandLineStreams::print);
     CommandLineStreams::end(QCoro::waitFor(command.run(background.clock.now())));
+}
+
+int selfTest()
+{
+    const auto test = []() -> SelfTestCommand::Finding {
+        SelfTest::prepare();
+        Arguments arguments;
+        const QGuiApplication application(arguments.count, arguments.values);
+        const QString programFolder = QCoreApplication::applicationDirPath();
+        if (const std::optional<QString> fault = SelfTest::fault(programFolder))
+            return {ExitStatus::selfTestFailed, *fault};
+        return {ExitStatus::success, u"%1 works on this machine."_s.arg(SelfTest::version(programFolder))};
+    };
+    return SelfTestCommand::run(test, CommandLineStreams::print);
 }
 
 } // namespace quorvane::CommandLine

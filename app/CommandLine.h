@@ -18,5 +18,6 @@ namespace quorvane::CommandLine {
 [[nodiscard]] int enableLogin();
 [[nodiscard]] int tellCalendarStatus();
 [[nodiscard]] int createTestMeeting();
+[[nodiscard]] int selfTest();
 
 } // namespace quorvane::CommandLine

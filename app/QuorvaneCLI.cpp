@@ -54,6 +54,8 @@ Command commandIn(const QStringList &arguments)
         return CommandLine::tellCalendarStatus;
     if (arguments.contains(u"--create-test-meeting"_s))
         return CommandLine::createTestMeeting;
+    if (arguments.contains(u"--self-test"_s))
+        return CommandLine::selfTest;
     const QStringList applicationOptions{u"--preview"_s, u"--preview-overlay"_s};
     const bool isUnknown = std::ranges::any_of(arguments, [&](const QString &argument) {
         return argument.startsWith("--"_L1) && !applicationOptions.contains(argument);

@@ -16,5 +16,7 @@ inline constexpr int connectionFailed = 6;
 /// The server answers, but it does not alert or has no phone to alert.
 inline constexpr int serverNotReady = 7;
 inline constexpr int loginItemFailed = 8;
+// 9 is `PreviewExporter::failed`.
+inline constexpr int selfTestFailed = 10;
 
 } // namespace quorvane::ExitStatus

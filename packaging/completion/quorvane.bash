@@ -5,7 +5,7 @@
 _quorvane() {
     local word=${COMP_WORDS[COMP_CWORD]} choices="--preview --preview-overlay --render-preview --set-secret
         --verify-connections --sync-now --disable-login-service --enable-login --calendar-status
-        --create-test-meeting"
+        --create-test-meeting --self-test"
     case ${COMP_WORDS[COMP_CWORD - 1]} in
     --render-preview)
         compopt -o filenames

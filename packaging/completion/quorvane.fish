@@ -11,3 +11,4 @@ complete -c quorvane -l disable-login-service -d "Remove a duplicate start at lo
 complete -c quorvane -l enable-login -d "Make sure that it starts at login"
 complete -c quorvane -l calendar-status -d "Count calendars and coming events"
 complete -c quorvane -l create-test-meeting -d "Add a meeting in five minutes"
+complete -c quorvane -l self-test -d "Find out whether it works on this machine"

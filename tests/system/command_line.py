@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What the tests of the command line share: a session without a display, and the program run in it to its end."""
 import os
+import shutil
 import subprocess
 import unittest
 
@@ -12,6 +13,20 @@ UNKNOWN = "Unknown or incomplete command. No application window was opened.\n"
 NO_ACCESS = "Calendar access is needed. Allow access from Quorvane's Connect calendars button.\n"
 
 
+def install_tree(folder):
+    """Puts the program and what is shipped with it into `folder`, laid out as it is installed."""
+    built = os.path.dirname(os.path.realpath(binary()))
+    helpers = {f"libexec/quorvane/{name}/{name}": f"{name}/{name}" for name in ("calendar-reader", "update-unpacker")}
+    shipped = {"bin/quorvane": os.path.realpath(binary()), "share/Quorvane/info.json": "share/Quorvane/info.json", **helpers}
+    for path, source in shipped.items():
+        path = os.path.join(folder, path)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        try:
+            os.link(os.path.join(built, source), path)
+        except OSError:  # another file system
+            shutil.copy(os.path.join(built, source), path)
+
+
 class CommandTest(unittest.TestCase):
     maxDiff = None
 
@@ -19,11 +34,11 @@ class CommandTest(unittest.TestCase):
         self.session = self.enterContext(Session())
         self.session.env["TZ"] = "UTC"
 
-    def start(self, *arguments, wrapper=(), without=(), **options):
-        """Runs the program with `arguments`, by another program where `wrapper` names one."""
+    def start(self, *arguments, wrapper=(), without=(), program=None, **options):
+        """Runs the program, or that other copy of it, with `arguments`; by another program where `wrapper` names one."""
         env = {name: value for name, value in self.session.env.items() if name not in without}
         options = {"stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, **options}
-        return subprocess.Popen([*wrapper, binary(), *arguments], env=env, **options)
+        return subprocess.Popen([*wrapper, program or binary(), *arguments], env=env, **options)
 
     def outcome(self, process, given=None, seconds=60):
         """Exit status and output; nothing may have been said on standard error."""
@@ -61,4 +76,4 @@ class CommandTest(unittest.TestCase):
         return sorted(found)
 
 
-__all__ = ["CommandTest", "NO_ACCESS", "UNKNOWN", "wait_until"]
+__all__ = ["CommandTest", "NO_ACCESS", "UNKNOWN", "install_tree", "wait_until"]

@@ -9,9 +9,10 @@ import shutil
 import signal
 import subprocess
 import sys
+import sysconfig
 import time
 
-from command_line import UNKNOWN, CommandTest
+from command_line import UNKNOWN, CommandTest, install_tree
 from harness import Event, main, seconds_from_now, start_keyring
 from desktop import ROOT, binary
 
@@ -19,6 +20,7 @@ SUPPORT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../support")
 sys.path.insert(0, SUPPORT)
 from https_peer import HttpsPeer, make_certificates  # noqa: E402
 
+PLUGINS = f"/usr/lib/{sysconfig.get_config_var('MULTIARCH')}/qt6/plugins"
 ENTRY = "autostart/me.tarnel.Quorvane.desktop"
 TOKEN = "server-token-0123456789-abcdefghijklmno"
 FAILED = "Connection verification failed. No credentials or calendar content were logged.\n"
@@ -98,6 +100,15 @@ class Login(CommandTest):
         self.assertEqual(self.command("--enable-login")[0], 0)
         self.assertEqual(self.files(), [ENTRY, unit], "somebody else's entry is gone")
 
+    def test_the_entry_of_a_copy_that_updates_itself_stays_good(self):
+        root = os.path.join(self.session.home, "Quorvane")
+        install_tree(os.path.join(root, "versions", "7"))
+        os.symlink("versions/7", os.path.join(root, "current"))
+        for start in ("versions/7/bin/quorvane", "current/bin/quorvane"):
+            self.assertEqual(self.command("--enable-login", program=os.path.join(root, start))[0], 0)
+            with open(self.path("config", ENTRY), encoding="utf-8") as file:
+                self.assertIn(f'\nExec=env QUORVANE_START=login "{root}/current/bin/quorvane"\n', file.read())
+
     def test_an_entry_that_cannot_be_changed(self):
         os.makedirs(self.path("config", ENTRY, "in the way"))
         self.assertEqual(self.command("--disable-login-service"), (8, "Login registration could not be removed.\n"))
@@ -105,6 +116,71 @@ class Login(CommandTest):
         self.put(self.path("config", "autostart"))
         self.assertEqual(self.command("--enable-login"),
                          (8, "Start at login requires approval in System Settings.\n"))
+
+
+class SelfTest(CommandTest):
+    """Copies of the installed tree, each with one thing amiss."""
+    INFORMATION = "share/Quorvane/info.json"
+    UNPACKER = "libexec/quorvane/update-unpacker/update-unpacker"
+    QT = "bin/qt.conf"  # where Qt looks for what belongs to it
+    READER = "libexec/quorvane/calendar-reader/calendar-reader"
+
+    def setUp(self):
+        super().setUp()
+        self.tree = os.path.join(self.session.home, "tree")
+        install_tree(self.tree)
+        self.running = sorted(os.listdir(self.session.env["XDG_RUNTIME_DIR"]))
+
+    def examine(self, **options):
+        process = self.start("--self-test", program=os.path.join(self.tree, "bin/quorvane"), **options)
+        return self.outcome(process)
+
+    def spoil(self, path, text=None):
+        """Replaces a file of the tree by a script or text, or removes it."""
+        path = os.path.join(self.tree, path)
+        if os.path.exists(path):
+            os.remove(path)
+        if text is not None:
+            self.put(path, text)
+            os.chmod(path, 0o755)
+
+    def test_what_works_is_told_of_and_leaves_nothing(self):
+        with open(os.path.join(self.tree, self.INFORMATION), encoding="utf-8") as file:
+            told = json.load(file)
+        version = f"Quorvane {told['CFBundleShortVersionString']} ({told['CFBundleVersion']})"
+        begin = time.monotonic()
+        self.assertEqual(self.examine(), (0, f"{version} works on this machine.\n"))
+        self.assertLess(time.monotonic() - begin, 20)
+        self.assertEqual(self.files(), [])
+        self.assertEqual(os.listdir(self.session.env["XDG_CACHE_HOME"]), [])
+        self.assertEqual(sorted(os.listdir(self.session.env["XDG_RUNTIME_DIR"])), self.running)
+
+    def test_what_is_missing_is_named(self):
+        for path, text, sentence in (
+                (self.INFORMATION, None, "The file info.json, which says what version this is, is missing or damaged."),
+                (self.INFORMATION, '{"CFBundleVersion": "1"}',
+                 "The file info.json, which says what version this is, is missing or damaged."),
+                (self.READER, None, "The calendar reader is missing."),
+                (self.READER, "#!/bin/sh\nexit 1\n", "The calendar reader does not work on this machine."),
+                (self.UNPACKER, None, "The program that unpacks updates is missing."),
+                (self.UNPACKER, "#!/bin/sh\nexit 127\n", "The program that unpacks updates does not work on this machine."),
+                (self.QT, f"[Paths]\nPlugins={PLUGINS}\nQml2Imports={self.tree}\n",
+                 "The alert cannot be drawn: a part of Qt Quick is missing.")):
+            with self.subTest(path=path, text=text):
+                kept = os.path.join(self.session.home, "kept")
+                whole = os.path.join(self.tree, path)
+                if os.path.exists(whole):
+                    os.link(whole, kept)
+                self.spoil(path, text)
+                self.assertEqual(self.examine(), (10, f"{sentence}\n"))
+                self.spoil(path)
+                if os.path.exists(kept):
+                    os.rename(kept, whole)
+
+    def test_a_crash_is_told_of(self):
+        self.spoil(self.QT, f"[Paths]\nPlugins={self.tree}\n")
+        self.assertEqual(self.examine(),
+                         (10, "This version of Quorvane crashes or hangs on this machine.\n"))
 
 
 class KeyringTest(CommandTest):

@@ -86,7 +86,7 @@ class Contents(Package):
         manual = output_of("man", "-E", "ascii", "-l", self.packed("usr/share/man/man1/quorvane.1.gz"), MANWIDTH="200")
         options = manual[manual.index("OPTIONS"):manual.index("Any other argument")]
         flags = set(FLAG.findall(options))
-        self.assertEqual(len(flags), 10)
+        self.assertEqual(len(flags), 11)
         fish = re.findall(r"-l ([a-z-]+)", self.read("usr/share/fish/vendor_completions.d/quorvane.fish"))
         self.assertEqual({f"--{name}" for name in fish}, flags)
         self.assertEqual(set(FLAG.findall(self.read("usr/share/zsh/vendor-completions/_quorvane"))), flags)
