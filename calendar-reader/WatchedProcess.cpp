@@ -3,18 +3,10 @@
 
 #include "calendar-reader/WatchedProcess.h"
 
-#include "posix/FileDescriptor.h"
+#include "confinement/ChildProcess.h"
 
-#include <fcntl.h>
-#include <poll.h>
 #include <sys/mman.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <array>
-#include <cerrno>
-#include <csignal>
 #include <ctime>
 #include <memory>
 #include <new>
@@ -46,37 +38,22 @@ std::chrono::nanoseconds processorTime(pid_t process)
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-/// Waits until the other end of the pipe `alive` is gone; false when the process has to be ended.
-bool outlast(pid_t process, int alive, const RowGate &gate, Deadline deadline)
+/// Waits until the process is over or has to be ended.
+void watch(ChildProcess &process, const RowGate &gate, Deadline deadline)
 {
-    constexpr int look = 50; // milliseconds
     std::int64_t steps = 0;
     std::chrono::nanoseconds rowBegan{};
-    for (;;) {
-        pollfd end{alive, POLLIN, 0};
-        const int ready = ::poll(&end, 1, look);
-        if (ready > 0)
-            return true;
-        if (std::chrono::steady_clock::now() > deadline || (ready < 0 && errno != EINTR))
-            return false;
-        const std::chrono::nanoseconds used = processorTime(process);
+    while (!process.isOverWithin(std::chrono::milliseconds(50))) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return;
+        const std::chrono::nanoseconds used = processorTime(process.id());
         if (gate.steps() == 0 || steps != gate.steps()) {
             steps = gate.steps();
             rowBegan = used;
         } else if (used - rowBegan > WatchedProcess::rowLimit) {
-            return false;
+            return;
         }
     }
-}
-
-int exitStatus(pid_t process)
-{
-    int state = 0;
-    while (::waitpid(process, &state, 0) < 0) {
-        if (errno != EINTR)
-            return failed;
-    }
-    return WIFEXITED(state) ? WEXITSTATUS(state) : failed;
 }
 
 } // namespace
@@ -96,25 +73,10 @@ int WatchedProcess::run(Deadline deadline)
 
 int WatchedProcess::runOnce(RowGate &gate, Deadline deadline)
 {
-    std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0)
-        return failed;
-    const FileDescriptor alive(ends[0]);
-    FileDescriptor held(ends[1]);
-    const pid_t parent = ::getpid();
-    const pid_t process = ::fork();
-    if (process < 0)
-        return failed;
-    if (process == 0) {
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-        if (::getppid() != parent)
-            ::_exit(EXIT_FAILURE);
-        ::_exit(m_work(gate));
-    }
-    held = FileDescriptor();
-    if (!outlast(process, alive.value(), gate, deadline))
-        ::kill(process, SIGKILL);
-    return exitStatus(process);
+    ChildProcess process([this, &gate] { return m_work(gate); });
+    if (process.id() != 0)
+        watch(process, gate, deadline);
+    return process.finish().value_or(failed);
 }
 
 } // namespace quorvane

@@ -3,18 +3,20 @@
 
 #include "calendar-reader/CacheFile.h"
 #include "calendar-reader/CacheReader.h"
-#include "calendar-reader/CallConfinement.h"
 #include "calendar-reader/ExcludedCalendars.h"
-#include "calendar-reader/FileConfinement.h"
 #include "calendar-reader/ReaderOutcome.h"
-#include "calendar-reader/ResourceLimits.h"
 #include "calendar-reader/WatchedProcess.h"
 #include "calendars/ical/TimeZoneResolver.h"
 #include "calendars/records/FantasticalCache.h"
+#include "calendars/records/FantasticalSnapshot.h"
+#include "confinement/CallConfinement.h"
+#include "confinement/FileConfinement.h"
+#include "confinement/ResourceLimits.h"
 
 #include <QFile>
 
 #include <fcntl.h>
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -33,6 +35,15 @@ using namespace std::chrono_literals;
 constexpr auto inputLimit = 4s;
 constexpr auto readingLimit = 11s; // leaves time to print
 constexpr auto wholeLimit = 13s;
+
+constexpr std::int64_t megabyte = 1'000'000;
+constexpr std::int64_t databaseMemory = 64 * megabyte;
+constexpr ResourceLimits limits{
+    .processorTime = 12s,
+    .memory = 512 * megabyte,
+    // Standard output may be a file.
+    .fileSize = 10 * FantasticalSnapshot::largest,
+};
 
 constexpr const char *usage =
     "usage: calendar-reader [CACHE] < LIST\n"
@@ -77,9 +88,10 @@ void muteLibraries()
 ReaderOutcome readConfined(CacheRequest request, RowGate &gate)
 {
     muteLibraries();
-    limitResources();
+    limitResources(limits);
+    sqlite3_hard_heap_limit64(databaseMemory);
     confineToReading({request.path.left(request.path.lastIndexOf('/') + 1), "/usr/share/zoneinfo"});
-    denySystemCalls();
+    denySystemCalls(FileCalls::read);
     request.mayRead = [&gate](std::int64_t row) { return gate.pass(row); };
     request.leaveRows = [&gate] { gate.leave(); };
     const Result<FantasticalSnapshot> snapshot = CacheReader::read(request);

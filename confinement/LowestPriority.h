@@ -5,8 +5,7 @@
 
 namespace quorvane {
 
-/// Bounds what this process may use up, whatever it reads. A bound that the system refuses to set is left
-/// out.
-void limitResources();
+/// Lets everybody else on the machine go first, to the processor as to the disk. There is no way back.
+void takeLowestPriority();
 
 } // namespace quorvane

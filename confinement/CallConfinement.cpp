@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendar-reader/CallConfinement.h"
+#include "confinement/CallConfinement.h"
 
 #include <fcntl.h>
 #include <sched.h>
@@ -25,11 +25,10 @@ constexpr std::array denied{
     "sendmsg", "sendmmsg", "msgget", "semget", "shmget", "mq_open", "vmsplice", "splice", "tee",
     // changes to files
     "creat", "truncate", "fallocate", "unlink", "unlinkat", "rename", "renameat", "renameat2", "link",
-    "linkat", "symlink", "symlinkat", "mkdir", "mkdirat", "rmdir", "mknod", "mknodat", "chmod", "fchmod",
-    "fchmodat", "chown", "fchown", "lchown", "fchownat", "utime", "utimes", "utimensat", "futimesat",
-    "setxattr", "lsetxattr", "fsetxattr", "removexattr", "lremovexattr", "fremovexattr", "memfd_create",
-    "memfd_secret", "inotify_init", "inotify_init1", "fanotify_init", "name_to_handle_at",
-    "open_by_handle_at",
+    "linkat", "symlink", "mkdir", "rmdir", "mknod", "mknodat", "chmod", "fchmod", "fchmodat", "fchmodat2",
+    "chown", "fchown", "lchown", "fchownat", "utime", "utimes", "utimensat", "futimesat", "setxattr",
+    "lsetxattr", "fsetxattr", "removexattr", "lremovexattr", "fremovexattr", "memfd_create", "memfd_secret",
+    "inotify_init", "inotify_init1", "fanotify_init", "name_to_handle_at", "open_by_handle_at",
     // the system
     "mount", "umount2", "pivot_root", "chroot", "unshare", "setns", "fsopen", "fsmount", "fspick",
     "open_tree", "move_mount", "mount_setattr", "bpf", "perf_event_open", "userfaultfd", "io_uring_setup",
@@ -38,6 +37,9 @@ constexpr std::array denied{
     "quotactl", "settimeofday", "clock_settime", "clock_adjtime", "adjtimex", "personality", "iopl", "ioperm",
     "setuid", "setgid", "setreuid", "setregid", "setresuid", "setresgid", "setgroups", "setfsuid", "setfsgid",
     "capset", "sethostname", "setdomainname"};
+
+/// What the C library makes files with, beside openat.
+constexpr std::array making{"mkdirat", "symlinkat"};
 
 using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
 
@@ -65,7 +67,7 @@ void denyWriting(const Filter &filter, const char *call, unsigned argument)
 
 } // namespace
 
-void denySystemCalls()
+void denySystemCalls(FileCalls allowed)
 {
     const Filter filter(seccomp_init(SCMP_ACT_ALLOW), &seccomp_release);
     if (!filter)
@@ -73,7 +75,11 @@ void denySystemCalls()
     for (const char *call : denied)
         add(filter, SCMP_ACT_ERRNO(EPERM), call);
     denyWriting(filter, "open", 1);
-    denyWriting(filter, "openat", 2);
+    if (allowed == FileCalls::read) {
+        denyWriting(filter, "openat", 2);
+        for (const char *call : making)
+            add(filter, SCMP_ACT_ERRNO(EPERM), call);
+    }
     // Their arguments lie in memory, where no filter looks; the C library has older calls to fall back on.
     add(filter, SCMP_ACT_ERRNO(ENOSYS), "openat2");
     add(filter, SCMP_ACT_ERRNO(ENOSYS), "clone3");

@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "calendar-reader/FileConfinement.h"
-
-#include "posix/FileDescriptor.h"
+#include "confinement/FileConfinement.h"
 
 #include <fcntl.h>
 #include <linux/landlock.h>
@@ -50,32 +48,55 @@ const Version *offered()
     return &versions[std::min(versions.size(), static_cast<std::size_t>(version)) - 1];
 }
 
-void allowReading(int ruleset, const QByteArray &folder)
+constexpr std::uint64_t reading = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR;
+constexpr std::uint64_t making = reading | LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_MAKE_REG |
+                                 LANDLOCK_ACCESS_FS_MAKE_DIR | LANDLOCK_ACCESS_FS_MAKE_SYM;
+
+/// Invalid where the kernel offers none.
+FileDescriptor newRuleset()
 {
-    const FileDescriptor descriptor(::open(folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!descriptor.isValid())
-        return;
-    const landlock_path_beneath_attr rule{LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR,
-                                          descriptor.value()};
-    (void)::syscall(SYS_landlock_add_rule, ruleset, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
+    const Version *version = offered();
+    if (!version)
+        return {};
+    const Ruleset rights{version->files, version->network, version->scopes};
+    return FileDescriptor(
+        static_cast<int>(::syscall(SYS_landlock_create_ruleset, &rights, version->size, 0)));
+}
+
+void allowBelow(const FileDescriptor &folder, std::uint64_t rights, const FileDescriptor &ruleset)
+{
+    const landlock_path_beneath_attr rule{rights, folder.value()};
+    (void)::syscall(SYS_landlock_add_rule, ruleset.value(), LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
+}
+
+void obey(const FileDescriptor &ruleset)
+{
+    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    (void)::syscall(SYS_landlock_restrict_self, ruleset.value(), 0);
 }
 
 } // namespace
 
 void confineToReading(const QByteArrayList &folders)
 {
-    const Version *version = offered();
-    if (!version)
-        return;
-    const Ruleset rights{version->files, version->network, version->scopes};
-    const FileDescriptor ruleset(
-        static_cast<int>(::syscall(SYS_landlock_create_ruleset, &rights, version->size, 0)));
+    const FileDescriptor ruleset = newRuleset();
     if (!ruleset.isValid())
         return;
-    for (const QByteArray &folder : folders)
-        allowReading(ruleset.value(), folder);
-    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    (void)::syscall(SYS_landlock_restrict_self, ruleset.value(), 0);
+    for (const QByteArray &path : folders) {
+        const FileDescriptor folder(::open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        if (folder.isValid())
+            allowBelow(folder, reading, ruleset);
+    }
+    obey(ruleset);
+}
+
+void confineToMaking(const FileDescriptor &folder)
+{
+    const FileDescriptor ruleset = newRuleset();
+    if (!ruleset.isValid())
+        return;
+    allowBelow(folder, making, ruleset);
+    obey(ruleset);
 }
 
 } // namespace quorvane

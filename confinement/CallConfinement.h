@@ -5,10 +5,17 @@
 
 namespace quorvane {
 
-/// From now on the system calls that reading a file has no use for fail with EPERM: other programs, processes
+/// What a program may still do to files.
+enum class FileCalls {
+    read,
+    /// It may also make folders, files and symbolic links and write files, but change or remove nothing.
+    make,
+};
+
+/// From now on the system calls that such a program has no use for fail with EPERM: other programs, processes
 /// and networks, changes to files, the kernel's more remote corners (seccomp). It is a list of what is denied
 /// and not of what is allowed, on purpose: a call that a future C library makes must not cost a meeting.
 /// A kernel without seccomp is no failure.
-void denySystemCalls();
+void denySystemCalls(FileCalls allowed);
 
 } // namespace quorvane
