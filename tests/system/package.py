@@ -118,7 +118,8 @@ class Contents(Package):
                       self.read("usr/share/metainfo/me.tarnel.Quorvane.metainfo.xml"))
 
     def test_nothing_points_into_the_folder_it_was_built_in(self):
-        for program in ("usr/bin/quorvane", "usr/libexec/quorvane/calendar-reader/calendar-reader"):
+        for program in ("usr/bin/quorvane", *(f"usr/libexec/quorvane/{name}/{name}"
+                                              for name in ("calendar-reader", "update-unpacker"))):
             self.assertNotRegex(output_of("readelf", "--dynamic", self.packed(program)), "RPATH|RUNPATH")
             with open(self.packed(program), "rb") as file:
                 self.assertNotIn(ROOT.encode() + b"/build", file.read())
