@@ -23,13 +23,23 @@ QString firstOf(const QStringList &paths)
     return {};
 }
 
+/// The helper program of that name, which has a folder of its own.
+QString helper(const QString &programFolder, const QString &name)
+{
+    const QString path = u'/' + name + u'/' + name;
+    return firstOf({programFolder + path, programFolder + u'/' + QStringLiteral(QUORVANE_RESOURCES) + path});
+}
+
 } // namespace
 
 QString calendarReader(const QString &programFolder)
 {
-    const QString reader = u"/calendar-reader/calendar-reader"_s;
-    return firstOf(
-        {programFolder + reader, programFolder + u'/' + QStringLiteral(QUORVANE_RESOURCES) + reader});
+    return helper(programFolder, u"calendar-reader"_s);
+}
+
+QString updateUnpacker(const QString &programFolder)
+{
+    return helper(programFolder, u"update-unpacker"_s);
 }
 
 QString informationDictionary(const QString &programFolder)

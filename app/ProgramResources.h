@@ -14,6 +14,9 @@ namespace quorvane::ProgramResources {
 /// neither is there.
 [[nodiscard]] QString calendarReader(const QString &programFolder);
 
+/// The same of the program that unpacks an update's archive.
+[[nodiscard]] QString updateUnpacker(const QString &programFolder);
+
 /// Path of the file in which the build of that executable says what it is: in the build tree, or in the data
 /// folder of the tree it is installed in. Never the user's: it is about this executable. Empty when neither
 /// is there.

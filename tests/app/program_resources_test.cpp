@@ -11,29 +11,38 @@
 using namespace Qt::StringLiterals;
 using namespace quorvane;
 
+using Helper = QString (*)(const QString &);
+Q_DECLARE_METATYPE(Helper)
+
 class ProgramResourcesTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theReaderIsFoundBesideItsProgram_data();
-    void theReaderIsFoundBesideItsProgram();
+    void helpersAreFoundBesideTheirProgram_data();
+    void helpersAreFoundBesideTheirProgram();
 };
 
-void ProgramResourcesTest::theReaderIsFoundBesideItsProgram_data()
+void ProgramResourcesTest::helpersAreFoundBesideTheirProgram_data()
 {
+    QTest::addColumn<Helper>("helper");
     QTest::addColumn<QStringList>("shipped");
     QTest::addColumn<QString>("found");
     const QString flat = u"bin/calendar-reader/calendar-reader"_s;
     const QString installed = u"libexec/quorvane/calendar-reader/calendar-reader"_s;
-    QTest::newRow("build tree") << QStringList{flat} << flat;
-    QTest::newRow("installed") << QStringList{installed} << installed;
-    QTest::newRow("both") << QStringList{flat, installed} << flat;
-    QTest::newRow("none") << QStringList{} << QString();
+    const Helper reader = ProgramResources::calendarReader;
+    QTest::newRow("reader in a build tree") << reader << QStringList{flat} << flat;
+    QTest::newRow("reader, installed") << reader << QStringList{installed} << installed;
+    QTest::newRow("both") << reader << QStringList{flat, installed} << flat;
+    QTest::newRow("none") << reader << QStringList{} << QString();
+    const Helper unpacker = ProgramResources::updateUnpacker;
+    const QString unpacking = u"libexec/quorvane/update-unpacker/update-unpacker"_s;
+    QTest::newRow("unpacker, installed") << unpacker << QStringList{installed, unpacking} << unpacking;
 }
 
-void ProgramResourcesTest::theReaderIsFoundBesideItsProgram()
+void ProgramResourcesTest::helpersAreFoundBesideTheirProgram()
 {
+    QFETCH(Helper, helper);
     QFETCH(QStringList, shipped);
     QFETCH(QString, found);
     const QTemporaryDir tree;
@@ -42,8 +51,7 @@ void ProgramResourcesTest::theReaderIsFoundBesideItsProgram()
         QVERIFY(QDir(tree.path()).mkpath(QFileInfo(path).path()));
         QVERIFY(QFile(tree.filePath(path)).open(QIODevice::WriteOnly));
     }
-    QCOMPARE(ProgramResources::calendarReader(tree.filePath(u"bin"_s)),
-             found.isEmpty() ? found : tree.filePath(found));
+    QCOMPARE(helper(tree.filePath(u"bin"_s)), found.isEmpty() ? found : tree.filePath(found));
 }
 
 QTEST_APPLESS_MAIN(ProgramResourcesTest)
