@@ -3,6 +3,8 @@
 
 #include "app/AppDelegate.h"
 
+#include "app/UpdateManager.h"
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -21,9 +23,9 @@ AppModel &AppDelegate::model()
     return *m_model;
 }
 
-void AppDelegate::applicationDidFinishLaunching()
+void AppDelegate::applicationDidFinishLaunching(UpdateManager &updates)
 {
-    static_cast<void>(model());
+    updates.start(model());
 }
 
 } // namespace quorvane

@@ -12,6 +12,8 @@
 
 namespace quorvane {
 
+class UpdateManager;
+
 /// Owns the process's one model: whoever shows or changes anything gets it here.
 class AppDelegate final
 {
@@ -24,8 +26,9 @@ public:
     /// Made when it is asked for first, with sample data if the arguments contain "--preview".
     [[nodiscard]] AppModel &model();
 
-    /// A secret that is handed in never comes here: the command line has taken it and has ended.
-    void applicationDidFinishLaunching();
+    /// Makes the model and lets `updates` begin. A secret that is handed in never comes here: the command
+    /// line has taken it and has ended.
+    void applicationDidFinishLaunching(UpdateManager &updates);
 
     /// Closing the dashboard leaves the program at work.
     static constexpr bool applicationShouldTerminateAfterLastWindowClosed = false;

@@ -7,6 +7,7 @@
 #include "app/PreviewPictures.h"
 #include "app/PreviewScenes.h"
 #include "app/QuorvaneApp.h"
+#include "app/VersionStart.h"
 
 #include <QDir>
 #include <QQuickWindow>
@@ -54,7 +55,8 @@ Result<void> exportTo(const QString &folder)
     if (!QDir().mkpath(folder))
         return Failure(make_error_code(PreviewError::folderUnavailable));
     const StoppedClock clock;
-    QuorvaneApp app({u"--preview"_s}, QProcessEnvironment::systemEnvironment(), clock);
+    VersionStart start;
+    QuorvaneApp app({u"--preview"_s}, QProcessEnvironment::systemEnvironment(), clock, start);
     for (const PreviewScenes::WindowScene &scene : PreviewScenes::window()) {
         if (const auto written = write(folder, scene.name, PreviewPictures::window(app.model(), scene));
             !written)

@@ -12,6 +12,7 @@
 #include "alert/linux/XdgLinkOpener.h"
 #include "app/PartSetups.h"
 #include "app/TrayScene.h"
+#include "app/UpdateScene.h"
 #include "app/UserFolders.h"
 #include "calendars/linux/DesktopFolderChooser.h"
 #include "calendars/linux/PortalFolderChooser.h"
@@ -25,7 +26,6 @@
 #include "ui/components/Appearance.h"
 #include "ui/components/linux/DesktopAppearance.h"
 #include "ui/dialogs/QuickFolderChooser.h"
-#include "ui/settings/PackagedUpdates.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -83,14 +83,15 @@ struct QuorvaneApp::Parts
 };
 
 QuorvaneApp::QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment,
-                         const Clock &clock)
+                         const Clock &clock, VersionStart &start)
     : m_parts(std::make_unique<Parts>(environment, clock))
     , m_delegate(arguments, [this](AppModel::Mode mode) { return makeModel(mode); })
-    , m_updates(std::make_unique<PackagedUpdates>())
+    , m_updates(std::make_unique<UpdateScene>(arguments, m_parts->preferences, clock, start))
 {
-    m_delegate.applicationDidFinishLaunching();
-    m_dashboard = std::make_unique<DashboardWindow>(model(), m_parts->appearance, m_updates.get(),
+    m_delegate.applicationDidFinishLaunching(m_updates->manager());
+    m_dashboard = std::make_unique<DashboardWindow>(model(), m_parts->appearance, &m_updates->manager(),
                                                     FrameSettler::whenSettled);
+    m_updates->begin(model(), *m_dashboard);
     followMotion();
     // A window that is looked at once a day must not weigh on the rest of it.
     QObject::connect(m_dashboard.get(), &DashboardWindow::closed, &returnUnusedMemory);
@@ -140,7 +141,7 @@ void QuorvaneApp::showTray()
     const MenuContent &menu = m_tray->content();
     QObject::connect(&menu, &MenuContent::openRequested, m_dashboard.get(), &DashboardWindow::open);
     QObject::connect(&menu, &MenuContent::checkForUpdatesRequested, m_updates.get(),
-                     &UpdateSettings::checkNow);
+                     &UpdateScene::checkForUpdates);
     // Not by quit(), which asks the windows first: an alert refuses to be closed.
     QObject::connect(&menu, &MenuContent::quitRequested, qApp, [] { QCoreApplication::exit(EXIT_SUCCESS); });
 }
@@ -149,7 +150,7 @@ void QuorvaneApp::show(const QStringList &arguments)
 {
     showTray();
     const bool wantsAlert = arguments.contains(u"--preview-overlay"_s);
-    if (startKind() != StartKind::person) {
+    if (startKind() != StartKind::person && !m_updates->opensWindow()) {
         if (wantsAlert)
             model().previewAlert();
         return;
@@ -168,6 +169,11 @@ void QuorvaneApp::activate(const Activation &activation)
     m_dashboard->open();
     if (activation.wish == Activation::Wish::windowAndSampleAlert)
         model().previewAlert();
+}
+
+bool QuorvaneApp::finish()
+{
+    return m_updates->finish();
 }
 
 void QuorvaneApp::reportTo(std::FILE *terminal)

@@ -6,7 +6,6 @@
 #include "app/AppDelegate.h"
 #include "instance/Activation.h"
 #include "ui/dashboard/DashboardWindow.h"
-#include "ui/settings/UpdateSettings.h"
 
 #include <QProcessEnvironment>
 #include <QStringList>
@@ -17,15 +16,18 @@
 namespace quorvane {
 
 class TrayScene;
+class UpdateScene;
+class VersionStart;
 
 /// The composition root: builds every part of the application in the order of their dependencies and holds
 /// them for the life of the process. Needs a QGuiApplication; destroy it before that.
 class QuorvaneApp final
 {
 public:
-    /// `environment` is what programs that this one starts (the browser) get. `clock` outlives the
+    /// `environment` is what programs that this one starts (the browser) get. `clock` and `start` outlive the
     /// application.
-    QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment, const Clock &clock);
+    QuorvaneApp(const QStringList &arguments, const QProcessEnvironment &environment, const Clock &clock,
+                VersionStart &start);
     ~QuorvaneApp();
 
     [[nodiscard]] AppModel &model() { return m_delegate.model(); }
@@ -36,6 +38,9 @@ public:
 
     /// Shows what another start, or the desktop, asks for.
     void activate(const Activation &activation);
+
+    /// The event loop has ended: whether another version is to be started in this process.
+    [[nodiscard]] bool finish();
 
     /// Tells in the terminal how things stand, for who started the program there.
     void reportTo(std::FILE *terminal);
@@ -49,7 +54,7 @@ private:
 
     std::unique_ptr<Parts> m_parts;
     AppDelegate m_delegate;
-    std::unique_ptr<UpdateSettings> m_updates;
+    std::unique_ptr<UpdateScene> m_updates;
     std::unique_ptr<DashboardWindow> m_dashboard;
     std::unique_ptr<TrayScene> m_tray;
 };

@@ -8,6 +8,7 @@
 #include "app/PreviewPictures.h"
 #include "app/ProgramResources.h"
 #include "app/QuorvaneApp.h"
+#include "app/VersionStart.h"
 #include "calendars/FantasticalReader.h"
 #include "calendars/records/FantasticalReadError.h"
 #include "model/linux/SystemClock.h"
@@ -101,7 +102,8 @@ Fault faultOfViews()
     if (!alert || !showsSomething(*alert))
         return u"The alert cannot be drawn: a part of Qt Quick is missing."_s;
     const SystemClock clock;
-    QuorvaneApp app({u"--preview"_s}, QProcessEnvironment::systemEnvironment(), clock);
+    VersionStart start;
+    QuorvaneApp app({u"--preview"_s}, QProcessEnvironment::systemEnvironment(), clock, start);
     const Result<QImage> window = PreviewPictures::window(app.model(), PreviewScenes::window().front());
     if (!window || !showsSomething(*window))
         return u"The window cannot be drawn: a part of Qt Quick is missing."_s;

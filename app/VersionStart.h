@@ -26,6 +26,9 @@ public:
     /// How many seconds in a row a new version has to work.
     static constexpr int secondsOfProof = 10;
 
+    /// One that no other version has to do with.
+    VersionStart() = default;
+
     /// In `main`, before there are threads: may become another version and not return. `arguments` without
     /// the program's name. `image` outlives this.
     VersionStart(const ProcessImage &image, const QStringList &arguments);

@@ -5,13 +5,16 @@
 #include "app/CommandLineStreams.h"
 #include "app/InformationDictionary.h"
 #include "app/MemoryPrivacy.h"
+#include "app/ProcessImage.h"
 #include "app/ProgramResources.h"
 #include "app/QuitSignals.h"
 #include "app/QuorvaneApp.h"
 #include "app/QuorvaneCLI.h"
+#include "app/Relaunch.h"
 #include "app/RunningCopy.h"
 #include "app/StartWish.h"
 #include "app/UserFolders.h"
+#include "app/VersionStart.h"
 #include "instance/SingleInstance.h"
 #include "instance/linux/RuntimeFolderChannel.h"
 #include "instance/linux/SessionBusChannel.h"
@@ -82,9 +85,18 @@ void describeApplication()
         quorvane::AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
 }
 
-int runApplication(int argc, char **argv, const QStringList &arguments)
+/// The new version in this process, or else the old one.
+void startReplacement(const quorvane::ProcessImage &image, const quorvane::InstalledVersions &installed)
+{
+    using quorvane::RelaunchedAs;
+    for (const QString &executable : {installed.currentExecutable(), installed.executable(installed.own())})
+        (void)quorvane::relaunch(image, executable, quorvane::startKind(), RelaunchedAs::trayOnly);
+}
+
+int runApplication(int argc, char **argv, const QStringList &arguments, const quorvane::ProcessImage &image)
 {
     using namespace quorvane;
+    VersionStart start(image, arguments);
     ServiceNotifier notifier;
     const QProcessEnvironment environment = environmentForOthers();
     if (!isSessionBusResponsive())
@@ -106,7 +118,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     }
 
     const SystemClock clock;
-    QuorvaneApp quorvane(arguments, environment, clock);
+    QuorvaneApp quorvane(arguments, environment, clock, start);
     QObject::connect(&instance, &SingleInstance::activated, &application,
                      [&quorvane](const Activation &wish) { quorvane.activate(wish); });
     QObject::connect(&instance, &SingleInstance::superseded, &application,
@@ -117,6 +129,9 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
     quorvane.show(arguments);
     notifier.ready();
     const int status = QApplication::exec();
+    start.end();
+    if (quorvane.finish())
+        startReplacement(image, *start.installed());
     notifier.stopping();
     // Not by leaving, which would wait for threads that a calendar service or a name server may still hold.
     CommandLineStreams::end(status);
@@ -126,6 +141,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
+    const quorvane::ProcessImage image(argc, argv);
     static_cast<void>(quorvane::startKind()); // out of the environment, before anything inherits it
     const QStringList arguments = argumentsAfterName(argc, argv);
     quorvane::QuorvaneCLI::prepare(arguments);
@@ -134,5 +150,5 @@ int main(int argc, char **argv)
         return *status;
     if (quorvane::RunningCopy::handOverToAgent(argc, argv, arguments))
         return EXIT_SUCCESS;
-    return runApplication(argc, argv, arguments);
+    return runApplication(argc, argv, arguments, image);
 }

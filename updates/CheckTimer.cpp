@@ -10,16 +10,16 @@ namespace quorvane {
 namespace {
 
 constexpr double minute = 60;
-/// Timers stand still while the machine sleeps, so the clock is looked at now and then.
-constexpr double longestWait = 60 * minute;
 /// No schedule reaches further: the clock was set back.
 constexpr double longestSchedule = 2 * 86'400;
 
 } // namespace
 
-CheckTimer::CheckTimer(std::function<double()> now, CheckSchedule::Random random)
+CheckTimer::CheckTimer(std::function<double()> now, CheckSchedule::Random random,
+                       std::chrono::milliseconds look)
     : m_now(std::move(now))
     , m_random(std::move(random))
+    , m_look(look)
 {
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::VeryCoarseTimer);
@@ -54,8 +54,9 @@ void CheckTimer::runUntil(double time)
 
 void CheckTimer::arm()
 {
-    const double seconds = std::clamp(m_time - m_now(), 0.0, longestWait);
-    m_timer.start(static_cast<int>(seconds * 1000));
+    const double milliseconds =
+        std::clamp((m_time - m_now()) * 1000, 0.0, static_cast<double>(m_look.count()));
+    m_timer.start(static_cast<int>(milliseconds));
 }
 
 void CheckTimer::look()

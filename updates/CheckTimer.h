@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -20,8 +21,12 @@ class CheckTimer final : public QObject
     Q_OBJECT
 
 public:
+    /// How often the clock is looked at: timers stand still while the machine sleeps.
+    static constexpr std::chrono::milliseconds usualLook{3'600'000};
+
     /// `now` gives Unix time in seconds.
-    CheckTimer(std::function<double()> now, CheckSchedule::Random random);
+    CheckTimer(std::function<double()> now, CheckSchedule::Random random,
+               std::chrono::milliseconds look = usualLook);
 
     /// Runs from now on, as `CheckSchedule` says for a feed that was last read at `lastCheck`.
     void start(std::optional<double> lastCheck);
@@ -43,6 +48,7 @@ private:
 
     std::function<double()> m_now;
     CheckSchedule::Random m_random;
+    std::chrono::milliseconds m_look;
     QTimer m_timer;
     double m_time = 0;
 };

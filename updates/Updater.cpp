@@ -35,7 +35,7 @@ Updater::Updater(UpdaterSetup setup, UpdaterDelegate &delegate)
     , m_delegate(delegate)
     , m_feed(m_setup.trust)
     , m_archive(ArchiveDownloadSetup{.trust = m_setup.trust})
-    , m_timer(m_setup.now, m_setup.random)
+    , m_timer(m_setup.now, m_setup.random, m_setup.look)
 {
     connect(&m_timer, &CheckTimer::due, this, [this] { launch(check(UpdateCheck::byItself)); });
 }

@@ -6,6 +6,8 @@
 #include "core/Result.h"
 #include "core/Switch.h"
 
+#include <QtGlobal>
+
 #include <optional>
 
 namespace quorvane {

@@ -4,12 +4,14 @@
 #pragma once
 
 #include "network/ServerTrust.h"
+#include "updates/CheckTimer.h"
 #include "updates/Handover.h"
 
 #include <QRandomGenerator>
 #include <QString>
 #include <QUrl>
 
+#include <chrono>
 #include <functional>
 
 namespace quorvane {
@@ -35,6 +37,8 @@ struct UpdaterSetup
     std::function<quint32(quint32)> random = [](quint32 bound) {
         return QRandomGenerator::global()->bounded(bound);
     };
+    /// How often the clock is looked at.
+    std::chrono::milliseconds look = CheckTimer::usualLook;
 };
 
 } // namespace quorvane
