@@ -66,7 +66,9 @@ int HttpsCall::status() const
 void HttpsCall::end()
 {
     m_reply->disconnect(this);
-    m_reply->abort();
+    // Qt complains when it has found an error itself; what still comes then ends with the reply.
+    if (m_reply->error() == QNetworkReply::NoError)
+        m_reply->abort();
 }
 
 void HttpsCall::judgeCertificate()

@@ -55,7 +55,7 @@ QCoro::Task<Result<void>> HttpsDownload::fetch(DownloadRequest request, std::sha
         co_return cancelled();
     if (!answer)
         co_return Failure(answer.error());
-    const Answer stream = *answer;
+    const Answer &stream = *answer;
     const bool isRest = request.offset > 0 && stream->partBegin() == request.offset;
     if (!isRest && stream->status() != completeContent)
         co_return Failure(make_error_code(NetworkError::rejected));
@@ -71,7 +71,7 @@ QCoro::Task<Result<void>> HttpsDownload::fetch(DownloadRequest request, std::sha
     }
     request.offset = present;
     const Result<void> poured = co_await pour(stream, request, sink);
-    co_return poured;
+    co_return Result<void>(poured);
 }
 
 /// Follows redirections; fails when they lead nowhere.
@@ -109,16 +109,13 @@ QCoro::Task<Result<HttpsDownload::Answer>> HttpsDownload::askFromWhereItStood(Do
         co_return cancelled();
     if (!rest)
         co_return Failure(rest.error());
-    const Answer stream = *rest;
+    const Answer &stream = *rest;
     const bool isOther = stream->status() == partialContent && stream->partBegin() != request.offset;
     if (request.offset == 0 || (!isOther && stream->status() != rangeNotSatisfiable))
         co_return Answer(stream);
     stream->cancel();
     const Result<Answer> whole = co_await ask(request.url, 0, end);
-    if (!whole)
-        co_return Failure(whole.error());
-    const Answer other = *whole;
-    co_return Answer(other);
+    co_return Result<Answer>(whole);
 }
 
 QCoro::Task<Result<void>> HttpsDownload::pour(Answer answer, DownloadRequest request,
@@ -133,7 +130,7 @@ QCoro::Task<Result<void>> HttpsDownload::pour(Answer answer, DownloadRequest req
             co_return cancelled();
         if (!piece)
             co_return Failure(piece.error());
-        const QByteArray bytes = *piece;
+        const QByteArray &bytes = *piece;
         if (bytes.isEmpty())
             break;
         present += bytes.size();

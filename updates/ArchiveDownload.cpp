@@ -95,12 +95,16 @@ void ArchiveDownload::cancel()
 
 QCoro::Task<Result<void>> ArchiveDownload::fetch(UpdateItem item, QString file, Progress progress)
 {
-    if (m_download)
+    if (m_isUnderWay)
         co_return failure(UpdateError::downloadFailed);
+    m_isUnderWay = true;
+    const QPointer<ArchiveDownload> self(this);
     m_download = std::make_unique<HttpsDownload>(m_setup.trust, m_setup.limits);
     // Goes with `cancel` and with this object: whether the result is still wanted.
     const QPointer<HttpsDownload> download(m_download.get());
     const Result<void> fetched = co_await fill(item, file, std::move(progress));
+    if (self)
+        m_isUnderWay = false;
     if (!download)
         co_return failure(UpdateError::downloadCancelled);
     m_download.reset();
@@ -114,12 +118,14 @@ QCoro::Task<Result<void>> ArchiveDownload::fill(UpdateItem item, QString path, P
     const Result<std::shared_ptr<ArchiveFile>> opened = co_await ArchiveFile::open(path);
     if (!opened)
         co_return failure(meaning(opened.error()));
-    const std::shared_ptr<ArchiveFile> file = *opened;
+    const std::shared_ptr<ArchiveFile> &file = *opened;
     Result<void> done;
     if (file->size() > item.length)
         done = co_await file->restart();
     if (!download)
         co_return failure(UpdateError::downloadCancelled);
+    if (progress && file->size() == item.length)
+        progress(item.length);
     const DownloadRequest request{.url = item.archive, .longest = item.length, .progress = progress};
     if (done && file->size() < item.length)
         done = co_await complete(download, file, request, pauses);

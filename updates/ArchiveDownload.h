@@ -35,8 +35,8 @@ public:
 
     /// Done when `file`, in a folder that exists, has exactly `item.length` bytes, which nobody has checked
     /// yet. Fails with `UpdateError::downloadFailed` or `downloadCancelled`, and what came is kept to be
-    /// continued; with `diskFull` or `wrongLength`, and the file is removed. One at a time: a call while
-    /// another is under way fails with `downloadFailed` and changes nothing.
+    /// continued; with `diskFull` or `wrongLength`, and the file is removed. One at a time: until the task
+    /// has ended, a cancelled one too, another call fails with `downloadFailed` and changes nothing.
     [[nodiscard]] QCoro::Task<Result<void>> fetch(UpdateItem item, QString file, Progress progress);
 
     /// Ends what is under way with `downloadCancelled`.
@@ -47,6 +47,7 @@ private:
 
     ArchiveDownloadSetup m_setup;
     std::unique_ptr<HttpsDownload> m_download;
+    bool m_isUnderWay = false;
 };
 
 } // namespace quorvane

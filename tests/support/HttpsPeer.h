@@ -10,6 +10,8 @@
 #include <QStringList>
 #include <QUrl>
 
+#include <utility>
+
 namespace quorvane {
 
 /// An HTTPS server in a process of its own: https_peer.py, which lists what it can be told and what it logs.
@@ -32,6 +34,13 @@ public:
         return tell()[QLatin1StringView("requests")].toVariant().toStringList();
     }
 
+    /// Those since the last call.
+    [[nodiscard]] QStringList newRequests()
+    {
+        const QStringList all = requests();
+        return all.mid(std::exchange(m_seen, all.size()));
+    }
+
     /// A certificate in DER encoding.
     [[nodiscard]] static QByteArray der(const QString &certificate);
 
@@ -40,6 +49,7 @@ private:
 
     QProcess m_process;
     int m_port = 0;
+    qsizetype m_seen = 0;
 };
 
 } // namespace quorvane
