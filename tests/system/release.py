@@ -64,9 +64,12 @@ class Release(unittest.TestCase):
         self.assertEqual(json.loads((root / "current/share/Quorvane/info.json").read_text(encoding="utf-8")), {
             "CFBundleVersion": "812", "CFBundleShortVersionString": "1.2", "SUFeedURL": FEED, "SUPublicEDKey": self.public})
         self.assertEqual(sorted(os.listdir(root / "current")), ["bin", "libexec", "share"])
-        self.assertTrue(os.access(root / "current/libexec/quorvane/calendar-reader/calendar-reader", os.X_OK))
-        answer = subprocess.run([root / "quorvane", "--no-such-option"], capture_output=True, check=False, timeout=60)
-        self.assertEqual(answer.returncode, 64)
+        for helper in ("calendar-reader", "update-unpacker"):
+            self.assertTrue(os.access(root / "current/libexec/quorvane" / helper / helper, os.X_OK), helper)
+        tested = subprocess.run([root / "quorvane", "--self-test"], stdout=subprocess.PIPE, text=True, check=False,
+                                timeout=60)
+        self.assertEqual(tested.returncode, 0, tested.stdout)
+        self.assertIn("Quorvane 1.2 (812)", tested.stdout)
 
     def test_it_is_made_the_same_each_time(self):
         epoch = {"SOURCE_DATE_EPOCH": "1000000000"}
