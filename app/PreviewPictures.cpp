@@ -77,7 +77,8 @@ Result<QImage> window(AppModel &model, const PreviewScenes::WindowScene &scene)
     Appearance appearance(nullptr);
     appearance.setReduceMotion(true);
     appearance.startDark(scene.theme == PreviewScenes::WindowScene::Theme::dark);
-    Dashboard dashboard(model, nullptr);
+    PreviewUpdates updates(scene.updates);
+    Dashboard dashboard(model, &updates);
     dashboard.setSection(scene.section);
     fillSheet(dashboard, scene.sheet);
     QQmlEngine engine;

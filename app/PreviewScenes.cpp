@@ -21,6 +21,8 @@ using Theme = WindowScene::Theme;
 constexpr QSize narrow{820, 1120};
 constexpr QSize smallest{720, 620};
 constexpr QSize wide{1440, 900};
+/// Room for all of the updates.
+constexpr QSize high{1100, 1000};
 
 /// A view that is shown in both themes.
 void addBoth(std::vector<WindowScene> &scenes, const QString &name, const PreviewContent &content,
@@ -28,6 +30,21 @@ void addBoth(std::vector<WindowScene> &scenes, const QString &name, const Previe
 {
     scenes.push_back({name + u"-light"_s, Theme::light, content, section, Sheet::closed, size});
     scenes.push_back({name + u"-dark"_s, Theme::dark, content, section, Sheet::closed, size});
+}
+
+void addUpdates(std::vector<WindowScene> &scenes, const PreviewContent &content)
+{
+    using Phase = UpdateSettings::Phase;
+    const QString notes = u"• Alerts come up on displays that were plugged in a moment ago.\n"
+                          "• Calendars with thousands of repeating meetings are read in half the time.\n"
+                          "• A meeting’s link no longer waits for a browser that is still starting."_s;
+    const PreviewUpdates::Moment available{Phase::available, u"Version 1.5.0 (813) is available."_s, notes};
+    const PreviewUpdates::Moment downloading{Phase::downloading, u"Downloading version 1.5.0 (813)…"_s, notes,
+                                             0.64};
+    scenes.push_back({u"dashboard-update-available-light"_s, Theme::light, content, Section::settings,
+                      Sheet::closed, high, available});
+    scenes.push_back({u"dashboard-update-downloading-dark"_s, Theme::dark, content, Section::settings,
+                      Sheet::closed, high, downloading});
 }
 
 } // namespace
@@ -56,6 +73,7 @@ std::vector<WindowScene> window()
     addBoth(scenes, u"dashboard-smallest-agenda"_s, day, Section::agenda, smallest);
     addBoth(scenes, u"dashboard-smallest-calendars"_s, trouble, Section::calendars, smallest);
     addBoth(scenes, u"dashboard-smallest-settings"_s, day, Section::settings, smallest);
+    addUpdates(scenes, day);
     for (const auto &[name, sheet, theme, size] :
          {std::tuple{u"sheet-empty-light"_s, Sheet::empty, Theme::light, DashboardWindow::defaultSize},
           std::tuple{u"sheet-filled-dark"_s, Sheet::filled, Theme::dark, DashboardWindow::defaultSize},

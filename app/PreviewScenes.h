@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "app/PreviewUpdates.h"
 #include "model/PreviewContent.h"
 #include "ui/dashboard/Dashboard.h"
 
@@ -34,6 +35,7 @@ struct WindowScene
     Dashboard::Section section = Dashboard::Section::agenda;
     Sheet sheet = Sheet::closed;
     QSize size{1100, 780};
+    PreviewUpdates::Moment updates{};
 };
 
 /// One moment of the alert.
