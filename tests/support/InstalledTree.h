@@ -26,8 +26,8 @@ public:
         return "#!/bin/sh\n[ \"$1\" = --self-test ] || echo " + version.toUtf8() + "\n";
     }
 
-    explicit InstalledTree(const QString &template_ = QDir::tempPath() + QStringLiteral("/versions-XXXXXX"))
-        : m_folder(template_)
+    explicit InstalledTree(const QString &pattern = QDir::tempPath() + QStringLiteral("/versions-XXXXXX"))
+        : m_folder(pattern)
     {
         QDir(root()).mkpath(QStringLiteral("versions"));
     }

@@ -28,8 +28,8 @@ using Clock = std::chrono::steady_clock; // stands still while the machine sleep
 /// What the small process works with.
 struct Watch
 {
-    const FileDescriptor &process;
-    const FileDescriptor &word;
+    int process;
+    int word;
     Clock::time_point killing;
     Clock::time_point end;
     bool isKilled = false;
@@ -50,13 +50,16 @@ void closeAllBut(int one, int other)
 
 // In a session of its own, so that no terminal's keys reach it, and with nobody waiting for its output to
 // end.
-void leaveProcess(const Watch &watch)
+void leaveProcess(Watch &watch)
 {
     ::prctl(PR_SET_NAME, "quorvane-trial");
+    // A program that was started without standard streams has other files in their places.
+    watch.process = ::fcntl(watch.process, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    watch.word = ::fcntl(watch.word, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int nowhere = ::open("/dev/null", O_RDWR);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         ::dup2(nowhere, stream);
-    closeAllBut(watch.process.value(), watch.word.value());
+    closeAllBut(watch.process, watch.word);
 }
 
 int waitingTime(Clock::time_point deadline)
@@ -68,7 +71,7 @@ int waitingTime(Clock::time_point deadline)
 bool isConfirmed(const Watch &watch)
 {
     char word = 0;
-    return ::recv(watch.word.value(), &word, 1, MSG_DONTWAIT) == 1;
+    return ::recv(watch.word, &word, 1, MSG_DONTWAIT) == 1;
 }
 
 /// Waits until the process has ended unconfirmed; false when there is nothing more to do.
@@ -78,7 +81,7 @@ bool awaitFailure(Watch &watch)
     bool isSocketOpen = true;
     while (Clock::now() < watch.end) {
         std::array<pollfd, 2> files{
-            {{watch.process.value(), POLLIN, 0}, {isSocketOpen ? watch.word.value() : -1, POLLIN, 0}}};
+            {{watch.process, POLLIN, 0}, {isSocketOpen ? watch.word : -1, POLLIN, 0}}};
         ::poll(files.data(), files.size(), waitingTime(watch.isKilled ? watch.end : watch.killing));
         // Looked at first: who confirms and ends at once has confirmed.
         if (isConfirmed(watch))
@@ -87,7 +90,7 @@ bool awaitFailure(Watch &watch)
         if (files[0].revents != 0)
             return true;
         if (!watch.isKilled && Clock::now() >= watch.killing) {
-            ::pidfd_send_signal(watch.process.value(), SIGKILL, nullptr, 0);
+            ::pidfd_send_signal(watch.process, SIGKILL, nullptr, 0);
             watch.isKilled = true;
         }
     }
@@ -106,7 +109,7 @@ FileDescriptor begin(const QString &executable, const VersionTrial::Start &start
     FileDescriptor ours(ends[0]);
     const FileDescriptor theirs(ends[1]);
     const auto now = Clock::now();
-    Watch watch{process, theirs, now + times.patience, now + times.end};
+    Watch watch{process.value(), theirs.value(), now + times.patience, now + times.end};
 
     const pid_t child = ::fork();
     if (child == 0) {

@@ -77,6 +77,8 @@ void VersionTrial::join()
         TrialRecord::fromJson(root.read(TrialRecord::file).value_or(QByteArray()));
     if (record && record->version == m_installed.own())
         decide(root, *record);
+    else if (record && record->previous == m_installed.own())
+        takeBack(root, *record);
 }
 
 void VersionTrial::decide(const DurableFolder &root, const TrialRecord &record)
@@ -105,15 +107,29 @@ void VersionTrial::rollBack(const DurableFolder &root, const TrialRecord &record
         return giveWay(current); // a roll back was killed at its end
     if (record.previous == m_installed.own() || !m_installed.isExecutable(record.previous))
         return endTrial(root); // nothing to go back to: maybe this one works today
-    RejectedVersions rejected = RejectedVersions::read(root);
-    rejected.add(m_installed.own(), record.handover);
-    static_cast<void>(rejected.write(root));
-    // Where nothing can be written the next start comes here again.
-    if (root.link("current", linkTarget(record.previous)) && root.flush()) {
-        endTrial(root);
-        static_cast<void>(root.flush());
-    }
+    putBack(root, record);
     giveWay(record.previous);
+}
+
+// Where nothing can be written the next start comes here again.
+void VersionTrial::putBack(const DurableFolder &root, const TrialRecord &record)
+{
+    RejectedVersions rejected = RejectedVersions::read(root);
+    rejected.add(record.version, record.handover);
+    static_cast<void>(rejected.write(root));
+    if (!root.link("current", linkTarget(record.previous)) || !root.flush())
+        return;
+    endTrial(root);
+    static_cast<void>(root.flush());
+}
+
+// Somebody starts the former version by its own path, and the new one has died on its trial.
+void VersionTrial::takeBack(const DurableFolder &root, const TrialRecord &record)
+{
+    const FileDescriptor mark = root.open(TrialRecord::mark, O_RDWR);
+    if (mark.isValid() && tryLock(mark, LockKind::exclusive) &&
+        m_installed.currentVersion() == record.version)
+        putBack(root, record);
 }
 
 // A start that came while another one was rolling back finds no trial any more, but is still the wrong

@@ -91,6 +91,8 @@ private:
     void join();
     void decide(const DurableFolder &root, const TrialRecord &record);
     void rollBack(const DurableFolder &root, const TrialRecord &record);
+    static void putBack(const DurableFolder &root, const TrialRecord &record);
+    void takeBack(const DurableFolder &root, const TrialRecord &record);
     void giveWayIfRejected();
     void giveWay(const QString &version);
     void forgive(const DurableFolder &root) const;

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void init();
     void aNewVersionIsOnTrialUntilItIsConfirmed();
     void aVersionThatDiedOnItsTrialGivesWay();
+    void theFormerVersionTakesItsPlaceBack();
     void thePersonIsToldOnceWhatWasGivenUp();
     void aVersionThatWasGivenUpDoesNotComeBack();
     void aVersionThatWasGivenUpCanBeTriedAgain();
@@ -95,6 +96,18 @@ void VersionTrialTest::aVersionThatDiedOnItsTrialGivesWay()
     QCOMPARE(trial.successor(), tree->path(u"versions/811/bin/quorvane"_s));
     QCOMPARE(current(), u"811"_s);
     QVERIFY(!has(u"trial.json"_s) && !has(u"trial.running"_s));
+}
+
+void VersionTrialTest::theFormerVersionTakesItsPlaceBack()
+{
+    QCOMPARE(start(u"811"_s).givenUp(), std::nullopt); // the new one has not been started yet
+    QCOMPARE(current(), u"812"_s);
+    {
+        const VersionTrial trial = start(u"812"_s);
+        QCOMPARE(start(u"811"_s).givenUp(), std::nullopt);
+    }
+    QCOMPARE(start(u"811"_s).givenUp(), u"812"_s);
+    QCOMPARE(current(), u"811"_s);
 }
 
 void VersionTrialTest::thePersonIsToldOnceWhatWasGivenUp()
