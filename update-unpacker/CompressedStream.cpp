@@ -16,7 +16,7 @@ namespace quorvane {
 namespace {
 
 constexpr std::size_t blockSize = 65'536;
-constexpr int outermost = 0;
+/// The filter that has the file's own bytes.
 constexpr int innermost = -1;
 
 } // namespace

@@ -9,6 +9,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 namespace quorvane {
 namespace {
 
@@ -64,13 +66,14 @@ Result<FileDescriptor> UnpackedTree::makeFile(const QByteArray &path, FileMode m
     return file;
 }
 
-Result<void> UnpackedTree::flush() const
+Result<void> UnpackedTree::flush()
 {
-    for (const QByteArray &path : m_folders) {
-        FileDescriptor folder = self(m_top, O_PATH);
-        for (const QByteArray &name : path.split('/'))
-            folder = step(folder, name);
-        if (::fsync(self(folder, O_RDONLY).value()) != 0)
+    for (const QByteArray &path : QByteArrayList(m_folders)) {
+        const Result<FileDescriptor> folder = openFolder(path);
+        if (!folder)
+            return Failure(folder.error());
+        const FileDescriptor open = self(*folder, O_RDONLY);
+        if (!open.isValid() || ::fsync(open.value()) != 0)
             return Failure(systemError());
     }
     if (::fsync(m_top.value()) != 0)
@@ -83,14 +86,18 @@ Result<FileDescriptor> UnpackedTree::openFolder(const QByteArray &path)
     FileDescriptor folder = self(m_top, O_PATH);
     QByteArray way;
     for (const QByteArray &name : path.split('/')) {
+        if (!folder.isValid())
+            return Failure(systemError());
         way += name;
         if (::mkdirat(folder.value(), name.constData(), folderMode) == 0)
             m_folders.append(way);
-        folder = step(folder, name);
-        if (!folder.isValid())
+        else if (errno != EEXIST)
             return Failure(systemError());
+        folder = step(folder, name);
         way += '/';
     }
+    if (!folder.isValid())
+        return Failure(systemError());
     return folder;
 }
 

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] Result<FileDescriptor> makeFile(const QByteArray &path, FileMode mode);
 
     /// Returns once the names of everything are on the disk; files are flushed by who writes them.
-    [[nodiscard]] Result<void> flush() const;
+    [[nodiscard]] Result<void> flush();
 
 private:
     [[nodiscard]] Result<FileDescriptor> openFolder(const QByteArray &path);

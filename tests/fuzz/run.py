@@ -7,10 +7,12 @@ Inputs that were found to matter are kept in build/fuzz/corpus; an input that br
 named: `build/fuzz/fuzz/NAME_fuzz FILE` runs it again, and tests/fuzz/seeds/NAME keeps it once it is mended.
 """
 import glob
+import io
 import os
 import pathlib
 import subprocess
 import sys
+import tarfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 BUILD = ROOT / "build/fuzz"
@@ -28,12 +30,33 @@ FEED = """<?xml version="1.0"?>
 SIGNATURE = "A" * 86 + "=="
 
 
+def archives():
+    """Small archives of every form, bare and packed, each behind the byte that tells them apart."""
+    for form in (tarfile.GNU_FORMAT, tarfile.PAX_FORMAT, tarfile.USTAR_FORMAT):
+        file = io.BytesIO()
+        with tarfile.open(fileobj=file, mode="w", format=form, pax_headers={"comment": "ä"}) as archive:
+            for name, kind, more in (("Quorvane", tarfile.DIRTYPE, {}), ("Quorvane/a", tarfile.REGTYPE, {"size": 700}),
+                                     ("Quorvane/l", tarfile.SYMTYPE, {"linkname": "b/../a"}),
+                                     ("Quorvane/" + "n/" * 60 + "n", tarfile.LNKTYPE, {"linkname": "Quorvane/a"})):
+                info = tarfile.TarInfo(name)
+                info.type, info.mtime = kind, 1.5
+                for field, value in more.items():
+                    setattr(info, field, value)
+                archive.addfile(info, io.BytesIO(b"x" * info.size))
+        yield b"\1" + file.getvalue()
+        for way in ("gzip", "xz", "zstd"):
+            yield b"\0" + subprocess.run([way, "-c"], input=file.getvalue(), stdout=subprocess.PIPE, check=True).stdout
+
+
 def seed(name, corpus):
     """First inputs: what the program meets when all is well, and what has broken it before."""
     for kept in SEEDS.glob(f"{name}/*"):
         (corpus / kept.name).write_bytes(kept.read_bytes())
     samples = sorted(SAMPLES.glob("**/*.ics"))
-    if name == "cache":
+    if name == "archive":
+        for number, content in enumerate(archives()):
+            (corpus / f"archive{number}").write_bytes(content)
+    elif name == "cache":
         for sample in [*samples, SAMPLES]:
             subprocess.run([sys.executable, ROOT / "tools/make-calendar-cache", corpus / f"{sample.stem}.fcdata", sample],
                            check=True, stdout=subprocess.DEVNULL)

@@ -83,11 +83,12 @@ class Contents(UnpackerTest):
         self.assertEqual((os.listdir(empty), os.listdir(used)), ([], ["file"]))
 
     def test_a_full_disk_is_told_apart(self):
-        for before in (["mount", "-t", "tmpfs", "-o", "size=1m", "none"], ["mount", "-t", "tmpfs", "-o", "nr_inodes=3", "none"]):
-            with self.subTest(before[4]):
+        large = [entry(f"Quorvane/{i}", content=os.urandom(600_000)) for i in range(4)]
+        for options, entries in (("size=1m", large), ("nr_inodes=3", large), ("nr_inodes=2", [entry("Quorvane/a/b/c")])):
+            with self.subTest(options):
                 # A disk of its own that nobody else sees.
-                script = f"{' '.join(before)} {self.out} && exec \"$@\""
-                outcome = self.unpack(archive(*(entry(f"Quorvane/{i}", content=os.urandom(600_000)) for i in range(4))),
+                script = f"mount -t tmpfs -o {options} none {self.out} && exec \"$@\""
+                outcome = self.unpack(archive(*entries),
                                       before=["unshare", "--user", "--map-root-user", "--mount", "sh", "-c", script, "sh"])
                 self.assert_fails(outcome, "disk_full", 2)
                 self.assertEqual(os.listdir(self.out), [])
