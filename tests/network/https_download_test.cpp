@@ -62,8 +62,6 @@ private Q_SLOTS:
     void init() { Q_UNUSED(m_peer.newRequests()) }
     void onlyAGoodAnswerCounts_data();
     void onlyAGoodAnswerCounts();
-    void aDownloadGoesOnWhereItStood_data();
-    void aDownloadGoesOnWhereItStood();
     void redirectionsAreFollowedAFewTimes();
     void redirectionsLeadToTrustedServersOnly();
     void aServerWithoutTheRightCertificateGetsNothing();
@@ -125,32 +123,6 @@ void HttpsDownloadTest::onlyAGoodAnswerCounts()
     QCOMPARE(fetch(request(m_peer.url()), sink), error);
     QVERIFY(length < 0 ? sink->all.size() <= 1'000'000 : sink->all.size() == length);
     QCOMPARE(m_peer.newRequests(), QStringList{u"GET /"_s});
-}
-
-void HttpsDownloadTest::aDownloadGoesOnWhereItStood_data()
-{
-    QTest::addColumn<QString>("ranges");
-    QTest::addColumn<QStringList>("requests");
-    const QString rest = u"GET / bytes=300-"_s;
-    const QString whole = u"GET /"_s;
-    QTest::newRow("the rest") << u"kept"_s << QStringList{rest};
-    QTest::newRow("the whole instead") << u"ignored"_s << QStringList{rest};
-    QTest::newRow("another rest") << u"wrong"_s << QStringList{rest, whole};
-    QTest::newRow("no such rest") << u"refused"_s << QStringList{rest, whole};
-}
-
-void HttpsDownloadTest::aDownloadGoesOnWhereItStood()
-{
-    QFETCH(QString, ranges);
-    QFETCH(QStringList, requests);
-    const QByteArray body = QByteArray("abcdefghijk").repeated(100).first(1'000);
-    m_peer.tell({{u"body"_s, QString::fromLatin1(body)}, {u"ranges"_s, ranges}});
-    const auto sink = std::make_shared<Bytes>();
-    sink->all = body.first(300);
-    const DownloadRequest wanted{.url = m_peer.url(), .longest = 1'000, .offset = 300};
-    QCOMPARE(fetch(wanted, sink), success);
-    QCOMPARE(sink->all, body);
-    QCOMPARE(m_peer.newRequests(), requests);
 }
 
 void HttpsDownloadTest::redirectionsAreFollowedAFewTimes()
