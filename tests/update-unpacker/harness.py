@@ -51,8 +51,10 @@ class Outcome:
 
 
 class UnpackerTest(unittest.TestCase):
+    place = None  # where folders are made
+
     def setUp(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quorvane-unpacker-"))
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quorvane-unpacker-", dir=self.place))
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
         self.path = self.folder / "archive"
         self.out = self.folder / "out"
