@@ -14,7 +14,7 @@
 namespace quorvane::ArchiveSignature {
 
 /// The largest archive that is looked at, in bytes.
-inline constexpr qint64 largestArchive = 256 * 1024 * 1024;
+inline constexpr qint64 largestArchive = 256LL * 1024 * 1024;
 
 /// The 32 bytes of a public key, from base64 (RFC 4648) with its padding and nothing around it; absent when
 /// it is anything else.

@@ -66,7 +66,7 @@ std::optional<QString> InstalledVersions::versionBehind(const QString &link) con
     if (length <= 0)
         return std::nullopt;
     QString folder = QFile::decodeName(QByteArray(target.data(), static_cast<qsizetype>(length)));
-    const QString version = takeName(folder);
+    QString version = takeName(folder);
     if ((folder != versionsName && folder != m_root + u'/' + versionsName) ||
         !VersionOrder::isVersion(version))
         return std::nullopt;

@@ -58,7 +58,7 @@ void leaveProcess(Watch &watch)
     watch.word = ::fcntl(watch.word, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int nowhere = ::open("/dev/null", O_RDWR);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        ::dup2(nowhere, stream);
+        nowhere < 0 ? ::close(stream) : ::dup2(nowhere, stream);
     closeAllBut(watch.process, watch.word);
 }
 

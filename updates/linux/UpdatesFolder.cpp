@@ -24,7 +24,7 @@ namespace quorvane {
 
 namespace {
 
-constexpr qint64 roomForOthers = 64 * 1024 * 1024;
+constexpr qint64 roomForOthers = 64LL * 1024 * 1024;
 
 QFileInfoList archivesIn(const QString &folder)
 {
