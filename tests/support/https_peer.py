@@ -31,6 +31,7 @@ class Behaviour:
     # "hang", "drop", "drop midway", "stall" midway, "garbage", "drip" (ten bytes a second), "endless" (the body again and
     # again); for "*" only: "silent" (no handshake), "refuse" (no connection, for good).
     fault: str = ""
+    rate: int = 0  # bytes a second at most, of a body that is sent whole
     midway: int = -1  # where in an answer's body that is, in bytes; the middle by default
     ranges: str = "kept"  # what becomes of a wish for the rest: "kept", "ignored", "refused", "wrong" (another rest)
     asks_certificate: bool = False  # the client's, for "*" only; goes on without
@@ -150,13 +151,22 @@ class HttpsPeer:
             tls.sendall(body)
             self.log["sent"] += len(body)
         if how.fault not in ("drop midway", "stall"):
-            tls.sendall(body)
+            self.send_whole(tls, body, how.rate)
             return True
         midway = how.midway if how.midway >= 0 else len(body) // 2
         tls.sendall(body[:midway])
         if how.fault == "stall":
             tls.recv(1)
         return midway >= len(body)
+
+    @staticmethod
+    def send_whole(tls, body, rate):
+        piece = rate // 20 or max(len(body), 1)
+        begin = time.monotonic()
+        for start in range(0, len(body), piece):
+            tls.sendall(body[start:start + piece])
+            if rate:
+                time.sleep(max(begin + (start + piece) / rate - time.monotonic(), 0))
 
 
 def main():

@@ -92,13 +92,13 @@ class TrayHost:
         """Waits until it has answered a program that looks for a panel."""
         wait_until("a question for a panel", lambda: turn() or self.questions)
 
-    def wait_item(self, seconds=10):
-        """Waits for the first item and returns it."""
+    def wait_item(self, seconds=10, number=1):
+        """Waits for the first item, or the so manieth, and returns it."""
         def registered():
             turn()
-            return self.items
+            return len(self.items) >= number
         wait_until("an item in the tray", registered, seconds)
-        return TrayItem(self, *self.items[0])
+        return TrayItem(self, *self.items[number - 1])
 
     def call(self, service, path, interface, method, arguments, answer=None):
         result = self.bus.call_sync(service, path, interface, method, arguments,

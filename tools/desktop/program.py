@@ -22,11 +22,13 @@ def binary():
 
 class Program:
     """`with Program(desktop) as program:` starts Quorvane in the desktop's session and ends it: as at login, with no
-    window, unless `window` asks for it. `in_terminal` lets it tell its status."""
+    window, unless `window` asks for it. `in_terminal` lets it tell its status; `executable` is another copy of it."""
 
-    def __init__(self, desktop, *arguments, settings=None, in_terminal=False, window=False, **environment):
-        if not os.access(binary(), os.X_OK):
-            raise DesktopError(f"there is no program {binary()} (./dev build makes it)")
+    def __init__(self, desktop, *arguments, settings=None, in_terminal=False, window=False, executable=None,
+                 **environment):
+        self.executable = executable or binary()
+        if not os.access(self.executable, os.X_OK):
+            raise DesktopError(f"there is no program {self.executable} (./dev build makes it)")
         self.desktop = desktop
         self.arguments = arguments
         self.in_terminal = in_terminal
@@ -56,7 +58,7 @@ class Program:
     def start(self):
         os.makedirs(self.calendars, exist_ok=True)
         # Which of Qt's platforms suits the session is for the program to find out.
-        command = [binary(), *self.arguments]
+        command = [self.executable, *self.arguments]
         if self.in_terminal:
             # Not every shell gives its place to the last command on its own; the process asked about is the program.
             command = ["script", "-qefc", "exec " + shlex.join(command), "/dev/null"]
