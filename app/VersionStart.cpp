@@ -58,6 +58,12 @@ void VersionStart::count()
     Q_EMIT settled();
 }
 
+void VersionStart::leave()
+{
+    if (m_trial)
+        m_trial->postpone();
+}
+
 void VersionStart::end()
 {
     if (m_trial)

@@ -46,6 +46,8 @@ public:
     void follow(const AppModel &model);
     /// The program ends as it was asked to, which proves as much.
     void end();
+    /// It ends because it has nothing to do here, which proves nothing.
+    void leave();
 
 Q_SIGNALS:
     /// The version that runs stays.

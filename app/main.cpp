@@ -101,8 +101,10 @@ int runApplication(int argc, char **argv, const QStringList &arguments, const qu
     const QProcessEnvironment environment = environmentForOthers();
     if (!isSessionBusResponsive())
         doWithoutSessionBus();
-    if (preparePlatform() == SessionKind::none && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (preparePlatform() == SessionKind::none && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        start.leave();
         return runWithoutDisplay(argc, argv, arguments, notifier);
+    }
     const Activation activation = activationOfStart(arguments);
     QuitSignals quitSignals;
     QApplication application(argc, argv);
@@ -113,6 +115,7 @@ int runApplication(int argc, char **argv, const QStringList &arguments, const qu
     RuntimeFolderChannel folder(UserFolders::runtimeFolder());
     SingleInstance instance({&bus, &folder});
     if (!isPreview(arguments) && instance.claim(activation) == SingleInstance::Outcome::handedOver) {
+        start.leave();
         notifier.ready();
         return EXIT_SUCCESS;
     }

@@ -20,7 +20,7 @@ public:
     virtual ~UpdateInstaller() = default;
     Q_DISABLE_COPY_MOVE(UpdateInstaller)
 
-    /// Whether anything can be installed here. Fails with `UpdateError::folderReadOnly`.
+    /// Whether anything can be installed here. Fails with `UpdateError::folderReadOnly` or `setupInvalid`.
     [[nodiscard]] virtual Result<void> check() const = 0;
 
     /// The file that the archive of `item` is to be downloaded to, in a folder that exists by then; what an

@@ -310,6 +310,11 @@ void VersionedInstallerTest::onlyAWholeKeyIsAKey()
     QFETCH(const QString, text);
     QFETCH(const bool, isKey);
     QCOMPARE(ArchiveSignature::parseKey(text).has_value(), isKey);
+
+    VersionedInstaller::Configuration setup = f->setup();
+    QVERIFY(VersionedInstaller(setup).check());
+    setup.key = ArchiveSignature::parseKey(text).value_or(QByteArray());
+    QCOMPARE(VersionedInstaller(setup).check().has_value(), isKey);
 }
 
 QTEST_GUILESS_MAIN(VersionedInstallerTest)

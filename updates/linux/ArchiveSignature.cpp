@@ -19,7 +19,6 @@ namespace quorvane::ArchiveSignature {
 
 namespace {
 
-constexpr qsizetype keyLength = 32;
 constexpr qsizetype signatureLength = 64;
 
 const unsigned char *bytesOf(const QByteArray &bytes)
@@ -47,7 +46,7 @@ std::optional<QByteArray> contentOf(const FileDescriptor &file, qint64 length)
 
 bool isSigned(const QByteArray &content, const QByteArray &signature, const QByteArray &key)
 {
-    if (key.size() != keyLength || signature.size() != signatureLength)
+    if (key.size() != keySize || signature.size() != signatureLength)
         return false;
     const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> publicKey(
         EVP_PKEY_new_raw_public_key(EVP_PKEY_ED25519, nullptr, bytesOf(key),
@@ -67,7 +66,7 @@ std::optional<QByteArray> parseKey(const QString &base64)
     const QByteArray text = base64.toLatin1();
     const auto decoded = QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
     // Encoded again it must be the same: the decoder takes texts without padding, or with stray bits, too.
-    if (!decoded || decoded.decoded.size() != keyLength || decoded.decoded.toBase64() != text)
+    if (!decoded || decoded.decoded.size() != keySize || decoded.decoded.toBase64() != text)
         return std::nullopt;
     return decoded.decoded;
 }

@@ -13,6 +13,8 @@
 /// Ed25519 signatures (RFC 8032) of archives.
 namespace quorvane::ArchiveSignature {
 
+/// A public key's length in bytes.
+inline constexpr qsizetype keySize = 32;
 /// The largest archive that is looked at, in bytes.
 inline constexpr qint64 largestArchive = 256LL * 1024 * 1024;
 

@@ -203,6 +203,17 @@ void VersionTrial::confirm()
     root.flushInBackground();
 }
 
+void VersionTrial::postpone()
+{
+    if (m_outcome != Outcome::onTrial)
+        return;
+    m_outcome = Outcome::none;
+    TrialWatcher::confirm(m_watcher);
+    m_watcher = {};
+    DurableFolder(m_installed.root()).remove(TrialRecord::mark);
+    m_mark = {};
+}
+
 // It was given up once, and tried again.
 void VersionTrial::forgive(const DurableFolder &root) const
 {

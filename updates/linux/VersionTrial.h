@@ -85,6 +85,10 @@ public:
     /// ROOT/previous. Does nothing unless on trial. Takes no time: the disk is flushed in the background.
     void confirm();
 
+    /// This start ends without having proved or disproved anything: the next one is the first. Does nothing
+    /// unless on trial.
+    void postpone();
+
 private:
     explicit VersionTrial(InstalledVersions installed);
 

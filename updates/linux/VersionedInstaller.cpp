@@ -5,6 +5,7 @@
 
 #include "async/OffThread.h"
 #include "updates/UpdateError.h"
+#include "updates/linux/ArchiveSignature.h"
 #include "updates/linux/DurableFolder.h"
 #include "updates/linux/PreparedMark.h"
 #include "updates/linux/RejectedVersions.h"
@@ -49,6 +50,8 @@ VersionedInstaller::~VersionedInstaller() = default;
 
 Result<void> VersionedInstaller::check() const
 {
+    if (m_configuration.key.size() != ArchiveSignature::keySize || m_configuration.unpacker.isEmpty())
+        return Failure(UpdateError::setupInvalid);
     if (!m_configuration.installed.canChange())
         return Failure(UpdateError::folderReadOnly);
     return {};

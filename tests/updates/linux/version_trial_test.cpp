@@ -27,6 +27,7 @@ class VersionTrialTest final : public QObject
 private Q_SLOTS:
     void init();
     void aNewVersionIsOnTrialUntilItIsConfirmed();
+    void aStartThatProvesNothingIsNotCounted();
     void aVersionThatDiedOnItsTrialGivesWay();
     void theFormerVersionTakesItsPlaceBack();
     void thePersonIsToldOnceWhatWasGivenUp();
@@ -86,6 +87,14 @@ void VersionTrialTest::aNewVersionIsOnTrialUntilItIsConfirmed()
     QCOMPARE(start(u"812"_s).outcome(), Outcome::none);
     QCOMPARE(current(), u"812"_s);
     QCOMPARE(tree->seenBy(u"812"_s).previousVersion(), u"811"_s);
+}
+
+void VersionTrialTest::aStartThatProvesNothingIsNotCounted()
+{
+    VersionTrial without = start(u"812"_s); // a display, say
+    without.postpone();
+    QCOMPARE(start(u"812"_s).outcome(), Outcome::onTrial);
+    QCOMPARE(start(u"812"_s).outcome(), Outcome::rolledBack);
 }
 
 void VersionTrialTest::aVersionThatDiedOnItsTrialGivesWay()
