@@ -16,12 +16,13 @@ import idle  # noqa: E402
 import reading  # noqa: E402
 import showing  # noqa: E402
 import ticking  # noqa: E402
+import updating  # noqa: E402
 import window  # noqa: E402
 from desktop import DesktopError  # noqa: E402
 from table import print_table  # noqa: E402
 
 ALL = {"functions": functions, "reading": reading, "delay": delay, "idle": idle, "showing": showing,
-       "ticking": ticking, "window": window}
+       "ticking": ticking, "updating": updating, "window": window}
 
 
 def main():
