@@ -18,16 +18,13 @@ QByteArray startVariableFor(StartKind kind)
 
 } // namespace
 
-std::error_code relaunch(const ProcessImage &start, const QString &executable, StartKind kind,
-                         RelaunchedAs wanted)
+std::error_code relaunch(const ProcessImage &start, const QString &executable, StartKind kind)
 {
-    ProcessImage::Changes changes{
+    const ProcessImage::Changes changes{
         .withoutArguments = {"--preview-overlay"},
-        .withoutVariables = {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID", startVariable},
-        .variables = {},
+        .withoutVariables = {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"},
+        .variables = {startVariableFor(kind)},
     };
-    if (kind == StartKind::agent || wanted == RelaunchedAs::trayOnly)
-        changes.variables.append(startVariableFor(kind));
     return start.replaceBy(executable, changes);
 }
 

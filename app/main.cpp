@@ -22,6 +22,7 @@
 #include "launch/linux/ServiceNotifier.h"
 #include "launch/linux/StartKind.h"
 #include "model/linux/SystemClock.h"
+#include "updates/linux/TakeoverGuard.h"
 
 #include <QApplication>
 
@@ -85,12 +86,17 @@ void describeApplication()
         quorvane::AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
 }
 
-/// The new version in this process, or else the old one.
+/// The new version in this process; returns if there is none, and somebody else brings this one back.
 void startReplacement(const quorvane::ProcessImage &image, const quorvane::InstalledVersions &installed)
 {
-    using quorvane::RelaunchedAs;
-    for (const QString &executable : {installed.currentExecutable(), installed.executable(installed.own())})
-        (void)quorvane::relaunch(image, executable, quorvane::startKind(), RelaunchedAs::trayOnly);
+    using namespace quorvane;
+    const auto start = [&image](const QString &executable) {
+        (void)relaunch(image, executable, startKind());
+    };
+    const bool isGuarded = TakeoverGuard::begin(installed, start);
+    start(installed.currentExecutable());
+    if (!isGuarded)
+        start(installed.executable(installed.own()));
 }
 
 int runApplication(int argc, char **argv, const QStringList &arguments, const quorvane::ProcessImage &image)

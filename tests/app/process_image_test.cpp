@@ -34,7 +34,6 @@ int giveWay(int argc, char **argv)
     const ProcessImage image(argc, argv);
     const QString next = QString::fromLocal8Bit(argv[1]);
     const auto kind = static_cast<StartKind>(std::atoi(argv[2]));
-    const auto wanted = static_cast<RelaunchedAs>(std::atoi(argv[3]));
     ::unsetenv("NOTIFY_SOCKET");
     ::setenv("LATER", "1", 1);
     std::signal(SIGPIPE, SIG_IGN);
@@ -48,7 +47,7 @@ int giveWay(int argc, char **argv)
         static_cast<void>(::open("/dev/null", O_RDONLY));
     static_cast<void>(::fcntl(0, F_DUPFD, 900));
     std::thread([] { ::pause(); }).detach();
-    return relaunch(image, next, kind, wanted).value();
+    return relaunch(image, next, kind).value();
 }
 
 /// What a program finds that was started in its place: a line for each thing.
@@ -96,20 +95,17 @@ private Q_SLOTS:
 void ProcessImageTest::theNextProgramFindsWhatThisOneFound_data()
 {
     QTest::addColumn<StartKind>("kind");
-    QTest::addColumn<RelaunchedAs>("wanted");
     QTest::addColumn<QByteArrayList>("said");
     const QByteArrayList login{"variable QUORVANE_START=login"};
     const QByteArrayList agent{"variable QUORVANE_START=agent"};
-    QTest::newRow("in the tray") << StartKind::person << RelaunchedAs::trayOnly << login;
-    QTest::newRow("with its window") << StartKind::login << RelaunchedAs::window << QByteArrayList();
-    QTest::newRow("service manager's, in the tray") << StartKind::agent << RelaunchedAs::trayOnly << agent;
-    QTest::newRow("service manager's, with its window") << StartKind::agent << RelaunchedAs::window << agent;
+    QTest::newRow("a person's") << StartKind::person << login;
+    QTest::newRow("the session's") << StartKind::login << login;
+    QTest::newRow("the service manager's") << StartKind::agent << agent;
 }
 
 void ProcessImageTest::theNextProgramFindsWhatThisOneFound()
 {
     QFETCH(StartKind, kind);
-    QFETCH(RelaunchedAs, wanted);
     QFETCH(QByteArrayList, said);
     const QTemporaryDir folder;
     const QString next = folder.filePath(QString::fromLatin1(successor));
@@ -129,8 +125,7 @@ void ProcessImageTest::theNextProgramFindsWhatThisOneFound()
         ::sigprocmask(SIG_SETMASK, &held, nullptr);
     });
     process.start(QCoreApplication::applicationFilePath(),
-                  {next, QString::number(int(kind)), QString::number(int(wanted)), u"--preview-overlay"_s,
-                   u"two words"_s});
+                  {next, QString::number(int(kind)), u"--preview-overlay"_s, u"two words"_s});
     QVERIFY(process.waitForStarted());
     const QByteArray pid = QByteArray::number(process.processId());
     QVERIFY(process.waitForFinished());

@@ -3,16 +3,14 @@
 
 #include "updates/linux/TrialWatcher.h"
 
+#include "updates/linux/SideProcess.h"
+
 #include <algorithm>
 #include <array>
-#include <climits>
 #include <csignal>
 
-#include <fcntl.h>
 #include <poll.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 extern "C" { // glibc 2.36 left this out of the header
@@ -34,33 +32,6 @@ struct Watch
     Clock::time_point end;
     bool isKilled = false;
 };
-
-void closeAllBut(int one, int other)
-{
-    const auto low = static_cast<unsigned>(std::min(one, other));
-    const auto high = static_cast<unsigned>(std::max(one, other));
-    const auto closeRange = [](unsigned first, unsigned last) {
-        if (first <= last)
-            ::close_range(first, last, 0);
-    };
-    closeRange(STDERR_FILENO + 1, low - 1);
-    closeRange(low + 1, high - 1);
-    closeRange(high + 1, UINT_MAX);
-}
-
-// In a session of its own, so that no terminal's keys reach it, and with nobody waiting for its output to
-// end.
-void leaveProcess(Watch &watch)
-{
-    ::prctl(PR_SET_NAME, "quorvane-trial");
-    // A program that was started without standard streams has other files in their places.
-    watch.process = ::fcntl(watch.process, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    watch.word = ::fcntl(watch.word, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    const int nowhere = ::open("/dev/null", O_RDWR);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        nowhere < 0 ? ::close(stream) : ::dup2(nowhere, stream);
-    closeAllBut(watch.process, watch.word);
-}
 
 int waitingTime(Clock::time_point deadline)
 {
@@ -109,23 +80,13 @@ FileDescriptor begin(const QString &executable, const VersionTrial::Start &start
     FileDescriptor ours(ends[0]);
     const FileDescriptor theirs(ends[1]);
     const auto now = Clock::now();
-    Watch watch{process.value(), theirs.value(), now + times.patience, now + times.end};
-
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::setsid();
-        // A child's child, so that it is nobody's zombie here.
-        if (::fork() == 0) {
-            leaveProcess(watch);
-            if (awaitFailure(watch))
-                start(executable);
-        }
-        ::_exit(0);
-    }
-    if (child < 0)
+    const auto work = [&](const std::vector<int> &kept) {
+        Watch watch{kept[0], kept[1], now + times.patience, now + times.end};
+        if (awaitFailure(watch))
+            start(executable);
+    };
+    if (!SideProcess::begin({process.value(), theirs.value()}, work))
         return {};
-    while (::waitpid(child, nullptr, 0) < 0 && errno == EINTR)
-        continue;
     return ours;
 }
 

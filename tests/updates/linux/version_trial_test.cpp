@@ -3,6 +3,7 @@
 
 #include "tests/support/FullDisk.h"
 #include "tests/support/InstalledTree.h"
+#include "updates/linux/TakeoverGuard.h"
 #include "updates/linux/VersionTrial.h"
 
 #include <QTest>
@@ -42,6 +43,8 @@ private Q_SLOTS:
     void aFullDiskDoesNotKeepTheOldVersionAway();
     void theWatcherBringsTheOldVersionBack_data();
     void theWatcherBringsTheOldVersionBack();
+    void aVersionThatDoesNotBeginGivesWay_data();
+    void aVersionThatDoesNotBeginGivesWay();
     void aConfirmedVersionIsNotWatched();
 
 private:
@@ -52,6 +55,7 @@ private:
         return VersionTrial::begin(tree->seenBy(version));
     }
     void live(Fate fate) const;
+    void reportFrom811() const;
     [[nodiscard]] QString current() const
     {
         return tree->seenBy(u"811"_s).currentVersion().value_or(QString());
@@ -248,13 +252,19 @@ void VersionTrialTest::theWatcherBringsTheOldVersionBack_data()
     QTest::newRow("after a hang") << Fate::hangs;
 }
 
-void VersionTrialTest::theWatcherBringsTheOldVersionBack()
+/// Has the former version write down its argument.
+void VersionTrialTest::reportFrom811() const
 {
-    QFETCH(const Fate, fate);
     const QByteArray report = tree->path(u"report"_s).toUtf8();
     const QByteArray script =
         "#!/bin/sh\necho $1 > " + report + ".new\nmv " + report + ".new " + report + "\n";
     InstalledTree::writeVersion(tree->path(u"versions/811"_s), u"811"_s, script);
+}
+
+void VersionTrialTest::theWatcherBringsTheOldVersionBack()
+{
+    QFETCH(const Fate, fate);
+    reportFrom811();
     int ends[2];
     QVERIFY(::pipe(ends) == 0);
     const pid_t program = ::fork();
@@ -270,8 +280,50 @@ void VersionTrialTest::theWatcherBringsTheOldVersionBack()
     QCOMPARE(::waitpid(program, &status, 0), program);
     QCOMPARE(WTERMSIG(status), SIGKILL);
     QTRY_VERIFY_WITH_TIMEOUT(has(u"report"_s), 20'000);
-    QCOMPARE(InstalledTree::read(QString::fromUtf8(report)), QByteArray("argument\n"));
+    QCOMPARE(InstalledTree::read(tree->path(u"report"_s)), QByteArray("argument\n"));
     QCOMPARE(current(), u"811"_s);
+}
+
+void VersionTrialTest::aVersionThatDoesNotBeginGivesWay_data()
+{
+    QTest::addColumn<QByteArray>("program");
+    QTest::addColumn<bool>("givesWay");
+    const QByteArray begin = "touch " + QByteArray("$(dirname $0)/../../../trial.running\n");
+    QTest::newRow("dies") << QByteArray("exit 1\n") << true;
+    QTest::newRow("cannot be run") << QByteArray() << true;
+    QTest::newRow("hangs") << QByteArray("exec sleep 60\n") << true;
+    QTest::newRow("dies as soon as it has begun") << begin + "exit 1\n" << true;
+    QTest::newRow("has nothing to do") << begin + "sleep 0.5; rm $(dirname $0)/../../../trial.running\n"
+                                       << false;
+}
+
+void VersionTrialTest::aVersionThatDoesNotBeginGivesWay()
+{
+    QFETCH(const QByteArray, program);
+    reportFrom811();
+    const QString folder = tree->path(u"versions/812"_s);
+    InstalledTree::writeVersion(folder, u"812"_s, program.isEmpty() ? "no program" : "#!/bin/sh\n" + program);
+    ::prctl(PR_SET_CHILD_SUBREAPER, 1); // so that the guard becomes a child of this process
+    const pid_t process = ::fork();
+    if (process == 0) {
+        const auto start = [this](const QString &executable) {
+            static_cast<void>(VersionTrial::begin(tree->seenBy(u"811"_s)));
+            const QByteArray path = QFile::encodeName(executable);
+            ::execl(path.constData(), path.constData(), "argument", nullptr);
+        };
+        const bool isGuarded = TakeoverGuard::begin(tree->seenBy(u"811"_s), start, 2s);
+        const QByteArray next = QFile::encodeName(tree->seenBy(u"811"_s).currentExecutable());
+        if (isGuarded)
+            ::execl(next.constData(), next.constData(), nullptr);
+        ::_exit(1);
+    }
+    while (::waitpid(-1, nullptr, 0) > 0)
+        continue;
+    ::prctl(PR_SET_CHILD_SUBREAPER, 0);
+    QFETCH(const bool, givesWay);
+    QCOMPARE(has(u"report"_s), givesWay);
+    QCOMPARE(current(), givesWay ? u"811"_s : u"812"_s);
+    QCOMPARE(has(u"trial.json"_s), !givesWay);
 }
 
 void VersionTrialTest::aConfirmedVersionIsNotWatched()
