@@ -30,7 +30,6 @@ public:
     void setAutomaticallyChecks(Switch) override {}
     [[nodiscard]] bool automaticallyDownloads() const override { return false; }
     void setAutomaticallyDownloads(Switch) override {}
-    [[nodiscard]] bool canDownloadAutomatically() const override { return true; }
     [[nodiscard]] bool canCheckForUpdates() const override;
     void checkNow() override {}
     [[nodiscard]] QString keeper() const override { return {}; }

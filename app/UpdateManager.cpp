@@ -35,6 +35,7 @@ QString nameOf(const UpdateItem &item)
 UpdateManager::UpdateManager(Setup setup)
     : m_setup(std::move(setup))
 {
+    m_installTimer.setTimerType(Qt::PreciseTimer); // others may be early
     m_installTimer.setInterval(m_setup.retryInterval);
     connect(&m_installTimer, &QTimer::timeout, this, &UpdateManager::retryInstallation);
 }
@@ -51,9 +52,17 @@ void UpdateManager::start(AppModel &model)
         return;
     takeDefaults();
     observe();
-    if (!m_controller->start())
+    startController();
+    if (m_startFailure)
         model.tell(tr("Updates could not start. Your meeting reminders are still running."),
                    NoticeKind::problem);
+}
+
+void UpdateManager::startController()
+{
+    const Result<void> started = m_controller->start();
+    m_startFailure = started ? std::error_code() : started.error();
+    Q_EMIT progressed();
 }
 
 void UpdateManager::observe()
@@ -129,7 +138,9 @@ void UpdateManager::install()
 {
     if (!m_controller)
         return;
-    if (m_controller->status().item)
+    if (m_startFailure)
+        startController();
+    else if (m_controller->status().item)
         m_controller->install();
     else
         m_controller->checkForUpdates();
@@ -210,6 +221,8 @@ UpdateSettings::Phase UpdateManager::phase() const
 {
     if (m_news != StartNews::none)
         return m_news == StartNews::installed ? Phase::installed : Phase::failed;
+    if (m_startFailure)
+        return Phase::failed;
     if (!m_controller)
         return Phase::idle;
     switch (m_controller->status().phase) {
@@ -238,6 +251,8 @@ QString UpdateManager::headline() const
 {
     switch (m_news) {
     case StartNews::none:
+        if (m_startFailure)
+            return sentence(m_startFailure);
         return m_controller ? headlineOfStatus() : QString();
     case StartNews::installed:
         return tr("Quorvane was updated. This is %1.").arg(versionDescription());

@@ -75,7 +75,6 @@ public:
     void setAutomaticallyChecks(Switch checks) override;
     [[nodiscard]] bool automaticallyDownloads() const override { return m_automaticallyDownloads; }
     void setAutomaticallyDownloads(Switch downloads) override;
-    [[nodiscard]] bool canDownloadAutomatically() const override { return m_automaticallyChecks; }
     [[nodiscard]] bool canCheckForUpdates() const override { return m_canCheckForUpdates; }
     void checkNow() override { checkForUpdates(); }
     [[nodiscard]] QString keeper() const override;
@@ -106,6 +105,7 @@ private:
     void takeCanCheckForUpdates();
     void tellUnkept(const Result<void> &kept);
     [[nodiscard]] QString headlineOfStatus() const;
+    void startController();
 
     /// What a start of the program has to tell, until something else happens.
     enum class StartNews { none, installed, rolledBack };
@@ -119,6 +119,8 @@ private:
     std::function<void()> m_continuation;
     QPointer<AppModel> m_model;
     StartNews m_news = StartNews::none;
+    /// Why the updater could not start.
+    std::error_code m_startFailure;
 };
 
 } // namespace quorvane

@@ -51,6 +51,11 @@ UpdateParts::UpdateParts(Preferences &preferences, const Clock &clock,
     m_keeper = keeperOf(kind);
     if (kind != InstallationKind::itself || !installed)
         return;
+    if (!installed->canChange()) {
+        m_keeper = QCoreApplication::translate(
+            "Updates", "Whoever installed this copy of Quorvane keeps it current: its folder is theirs.");
+        return;
+    }
     m_installer = std::make_unique<VersionedInstaller>(VersionedInstaller::Configuration{
         .installed = *installed,
         .key = ArchiveSignature::parseKey(m_information.feedKey.value_or(QString())).value_or(QByteArray()),

@@ -42,4 +42,14 @@ Result<void> UpdaterPreferences::setLastCheck(double time)
     return m_preferences.setLastUpdateCheck(time);
 }
 
+QByteArray UpdaterPreferences::refusedSignature() const
+{
+    return m_preferences.refusedUpdate();
+}
+
+Result<void> UpdaterPreferences::setRefusedSignature(const QByteArray &signature)
+{
+    return m_preferences.setRefusedUpdate(signature);
+}
+
 } // namespace quorvane

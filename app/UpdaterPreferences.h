@@ -22,6 +22,8 @@ public:
     Result<void> setAutomaticallyDownloadsUpdates(Switch enabled) override;
     [[nodiscard]] std::optional<double> lastCheck() const override;
     Result<void> setLastCheck(double time) override;
+    [[nodiscard]] QByteArray refusedSignature() const override;
+    Result<void> setRefusedSignature(const QByteArray &signature) override;
 
 private:
     Preferences &m_preferences;

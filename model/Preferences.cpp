@@ -26,6 +26,7 @@ const QString fantasticalFolderKey = u"fantasticalFolderBookmark"_s;
 const QString checksForUpdatesKey = u"automaticallyChecksForUpdates"_s;
 const QString downloadsUpdatesKey = u"automaticallyDownloadsUpdates"_s;
 const QString lastUpdateCheckKey = u"lastUpdateCheck"_s;
+const QString refusedUpdateKey = u"refusedUpdate"_s;
 const QString announcedUpdateKey = u"announcedUpdate"_s;
 const QString trayHintKey = u"trayHintShown"_s;
 
@@ -182,6 +183,16 @@ std::optional<double> Preferences::lastUpdateCheck() const
 Result<void> Preferences::setLastUpdateCheck(double time)
 {
     return write(lastUpdateCheckKey, static_cast<qint64>(time));
+}
+
+QByteArray Preferences::refusedUpdate() const
+{
+    return QByteArray::fromBase64(text(refusedUpdateKey).toLatin1());
+}
+
+Result<void> Preferences::setRefusedUpdate(const QByteArray &signature)
+{
+    return write(refusedUpdateKey, QString::fromLatin1(signature.toBase64()));
 }
 
 QString Preferences::announcedUpdate() const

@@ -83,6 +83,10 @@ public:
     /// When the feed was last read, Unix time in seconds ("lastUpdateCheck"); absent when it never was.
     [[nodiscard]] std::optional<double> lastUpdateCheck() const;
     [[nodiscard]] Result<void> setLastUpdateCheck(double time);
+    /// The signature of the update that was last fetched in vain ("refusedUpdate", in base64); empty when
+    /// none was.
+    [[nodiscard]] QByteArray refusedUpdate() const;
+    [[nodiscard]] Result<void> setRefusedUpdate(const QByteArray &signature);
     /// The version of which the user was last told by a notification ("announcedUpdate").
     [[nodiscard]] QString announcedUpdate() const;
     [[nodiscard]] Result<void> setAnnouncedUpdate(const QString &version);

@@ -29,8 +29,8 @@ inline constexpr int mostItems = 1'000;
 /// and maybe `sparkle:os`, where "linux" and "linux-CPU" (CPU as Qt names the one that this program was built
 /// for) are ours, and an enclosure that names none is when no other of its item names Linux. Left out are
 /// items of a `sparkle:channel`, those that only inform, and those without a version or an enclosure as
-/// `UpdateItem` wants it: over HTTPS, of 1 to 1,000,000,000 bytes, signed. An item that is left out costs no
-/// other one.
+/// `UpdateItem` wants it: over HTTPS, of at most `longestArchive` bytes, signed. An item that is left out
+/// costs no other one.
 [[nodiscard]] Result<std::vector<UpdateItem>> read(const QByteArray &feed);
 
 /// The highest of the versions above the installed one, if there is any; the first of those that are equal.

@@ -32,10 +32,9 @@ struct Enclosure
 
     [[nodiscard]] bool isUsable() const
     {
-        constexpr qint64 largestArchive = 1'000'000'000;
         constexpr qsizetype signatureSize = 64;
         return archive.isValid() && archive.scheme() == u"https" && !archive.host().isEmpty() &&
-               length >= 1 && length <= largestArchive && signature.size() == signatureSize;
+               length >= 1 && length <= UpdateItem::longestArchive && signature.size() == signatureSize;
     }
 };
 

@@ -3,6 +3,7 @@
 
 #include "updates/ArchiveFile.h"
 
+#include "async/Launch.h"
 #include "async/OffThread.h"
 #include "updates/UpdateError.h"
 
@@ -66,6 +67,12 @@ Opened openOrMake(const QByteArray &path)
     return opened;
 }
 
+QCoro::Task<> removeSometime(QByteArray path)
+{
+    std::function<int()> job = [path] { return lastError(::unlink(path.constData())); };
+    co_await offThread<int>(std::move(job), diskTime);
+}
+
 } // namespace
 
 ArchiveFile::ArchiveFile(QString path, FileDescriptor file, qint64 size)
@@ -91,7 +98,7 @@ QCoro::Task<Result<void>> ArchiveFile::restart()
 {
     const auto file = m_file;
     std::function<int()> job = [file] { return lastError(::ftruncate(file->value(), 0)); };
-    const Result<void> done = co_await onDisk(std::move(job));
+    const Result<void> done = co_await onDisk(m_path, std::move(job));
     if (done)
         m_size = 0;
     co_return Result<void>(done);
@@ -102,7 +109,7 @@ QCoro::Task<Result<void>> ArchiveFile::take(QByteArray bytes)
     const auto file = m_file;
     const qint64 place = m_size;
     std::function<int()> job = [file, bytes, place] { return writeAt(file->value(), bytes, place); };
-    const Result<void> done = co_await onDisk(std::move(job));
+    const Result<void> done = co_await onDisk(m_path, std::move(job));
     if (done)
         m_size += bytes.size();
     co_return Result<void>(done);
@@ -112,16 +119,19 @@ QCoro::Task<Result<void>> ArchiveFile::remove()
 {
     const QByteArray path = QFile::encodeName(m_path);
     std::function<int()> job = [path] { return lastError(::unlink(path.constData())); };
-    const Result<void> done = co_await onDisk(std::move(job));
+    const Result<void> done = co_await onDisk(m_path, std::move(job));
     co_return Result<void>(done);
 }
 
 /// `job` gives the system's error number, 0 for none.
-QCoro::Task<Result<void>> ArchiveFile::onDisk(std::function<int()> job)
+QCoro::Task<Result<void>> ArchiveFile::onDisk(QString path, std::function<int()> job)
 {
     const std::optional<int> error = co_await offThread<int>(std::move(job), diskTime);
-    if (!error)
+    if (!error) {
+        // What is still being written must not come into a file of this name later.
+        launch(removeSometime(QFile::encodeName(path)));
         co_return Failure(std::make_error_code(std::errc::timed_out));
+    }
     if (*error != 0)
         co_return Failure(diskError(*error));
     co_return Result<void>();

@@ -35,7 +35,7 @@ public:
 private:
     ArchiveFile(QString path, FileDescriptor file, qint64 size);
 
-    [[nodiscard]] static QCoro::Task<Result<void>> onDisk(std::function<int()> job);
+    [[nodiscard]] static QCoro::Task<Result<void>> onDisk(QString path, std::function<int()> job);
 
     QString m_path;
     /// Shared with the threads, the last of which may outlive this.

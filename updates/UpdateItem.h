@@ -12,6 +12,9 @@ namespace quorvane {
 /// A version of this program that the feed announces.
 struct UpdateItem
 {
+    /// The longest archive that is fetched, in bytes.
+    static constexpr qint64 longestArchive = 256'000'000;
+
     /// The build's number, by which versions are compared: 1 to 40 letters, digits, dots and hyphens, and no
     /// dot in front.
     QString version;

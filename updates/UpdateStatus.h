@@ -18,7 +18,7 @@ struct UpdateStatus
         /// Looking for a newer version because the person asked for it.
         checking,
         upToDate,
-        /// A check was not allowed, as `error` says.
+        /// A check that the person asked for is not allowed now, as `error` says, and made when it is.
         refused,
         /// `item` is newer, and waits for the person.
         available,

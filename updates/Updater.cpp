@@ -23,6 +23,14 @@ using Phase = UpdateStatus::Phase;
 /// How long the longest feed may take to be understood, on a machine that has better things to do.
 constexpr std::chrono::milliseconds parsingTime{30'000};
 
+/// Whether another try with the same archive would end in the same way.
+bool isFinal(const std::error_code &error)
+{
+    return error == UpdateError::wrongLength || error == UpdateError::signatureInvalid ||
+           error == UpdateError::archiveInvalid || error == UpdateError::wrongVersion ||
+           error == UpdateError::selfTestFailed;
+}
+
 bool isUnderWay(Phase phase)
 {
     return phase == Phase::downloading || phase == Phase::preparing || phase == Phase::ready;
@@ -37,6 +45,8 @@ Updater::Updater(UpdaterSetup setup, UpdaterDelegate &delegate)
     , m_archive(ArchiveDownloadSetup{.trust = m_setup.trust})
     , m_timer(m_setup.now, m_setup.random, m_setup.look)
 {
+    m_refusal.setInterval(m_setup.refusalLook);
+    connect(&m_refusal, &QTimer::timeout, this, &Updater::tryRefusedAgain);
     connect(&m_timer, &CheckTimer::due, this, [this] { launch(check(UpdateCheck::byItself)); });
 }
 
@@ -97,8 +107,7 @@ void Updater::checkForUpdates()
 
 void Updater::install()
 {
-    const bool isWaiting = m_status.phase == Phase::available || m_status.phase == Phase::failed;
-    if (m_isStarted && isWaiting && m_status.item)
+    if (m_isStarted && !isUnderWay(m_status.phase) && m_status.item)
         launch(obtain(*m_status.item, UpdateCheck::byPerson));
 }
 
@@ -123,6 +132,7 @@ QCoro::Task<> Updater::check(UpdateCheck kind)
         refuse(kind, allowed.error());
         co_return;
     }
+    m_refusal.stop();
     setChecking(true);
     if (kind == UpdateCheck::byPerson)
         show({.phase = Phase::checking});
@@ -134,10 +144,21 @@ QCoro::Task<> Updater::check(UpdateCheck kind)
 
 void Updater::refuse(UpdateCheck kind, const std::error_code &reason)
 {
-    if (kind == UpdateCheck::byItself)
+    if (kind == UpdateCheck::byItself) {
         m_timer.retrySoon();
-    else
-        show({.phase = Phase::refused, .item = m_status.item, .error = reason});
+        return;
+    }
+    show({.phase = Phase::refused, .item = m_status.item, .error = reason});
+    m_refusal.start();
+}
+
+// The person was told that updates resume.
+void Updater::tryRefusedAgain()
+{
+    if (m_status.phase != Phase::refused)
+        m_refusal.stop();
+    else if (m_delegate.mayPerform(UpdateCheck::byPerson))
+        launch(check(UpdateCheck::byPerson));
 }
 
 QCoro::Task<Result<Updater::Items>> Updater::readFeed()
@@ -154,6 +175,8 @@ void Updater::endCheck(UpdateCheck kind, const Result<Items> &items)
 {
     setChecking(false);
     schedule(items);
+    if (isUnderWay(m_status.phase))
+        return; // the person was quicker with what was known
     if (!items) {
         if (kind == UpdateCheck::byPerson)
             show({.phase = Phase::failed, .error = items.error()});
@@ -187,9 +210,12 @@ void Updater::take(UpdateCheck kind, const UpdateItem &item)
         return;
     const bool isKnown = m_status.phase == Phase::available && m_status.item == item;
     show({.phase = Phase::available, .item = item});
-    if (automaticallyChecksForUpdates() && automaticallyDownloadsUpdates())
+    const bool isWanted = automaticallyChecksForUpdates() && automaticallyDownloadsUpdates();
+    const bool isKnownBad =
+        kind == UpdateCheck::byItself && m_setup.defaults.refusedSignature() == item.signature;
+    if (isWanted && !isKnownBad)
         launch(obtain(item, UpdateCheck::byItself));
-    else if (kind == UpdateCheck::byItself && !isKnown)
+    else if (kind == UpdateCheck::byItself && !isKnown && !isKnownBad)
         Q_EMIT found(item);
 }
 
@@ -204,7 +230,14 @@ QCoro::Task<> Updater::obtain(UpdateItem item, UpdateCheck kind)
     else if (prepared.error() == UpdateError::downloadCancelled)
         show({.phase = Phase::available, .item = item});
     else
-        show({.phase = Phase::failed, .item = item, .error = prepared.error()});
+        fail(item, prepared.error());
+}
+
+void Updater::fail(const UpdateItem &item, const std::error_code &error)
+{
+    if (isFinal(error)) // else it would be fetched again each day
+        (void)m_setup.defaults.setRefusedSignature(item.signature);
+    show({.phase = Phase::failed, .item = item, .error = error});
 }
 
 QCoro::Task<Result<void>> Updater::fetchAndPrepare(UpdateItem item)
@@ -254,7 +287,7 @@ void Updater::installNow(const UpdateItem &item)
     if (const Result<void> done = m_setup.installer.activate(item, m_setup.handover()); done)
         Q_EMIT installed();
     else
-        show({.phase = Phase::failed, .item = item, .error = done.error()});
+        fail(item, done.error());
 }
 
 void Updater::show(UpdateStatus status)

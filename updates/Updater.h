@@ -13,6 +13,7 @@
 
 #include <QCoroTask>
 #include <QObject>
+#include <QTimer>
 
 #include <vector>
 
@@ -69,6 +70,7 @@ private:
     QCoro::Task<> check(UpdateCheck kind);
     QCoro::Task<Result<Items>> readFeed();
     void refuse(UpdateCheck kind, const std::error_code &reason);
+    void tryRefusedAgain();
     void endCheck(UpdateCheck kind, const Result<Items> &items);
     void schedule(const Result<Items> &items);
     void take(UpdateCheck kind, const UpdateItem &item);
@@ -76,6 +78,7 @@ private:
     QCoro::Task<Result<void>> fetchAndPrepare(UpdateItem item);
     QCoro::Task<Result<void>> download(UpdateItem item, QString file);
     void offer(const UpdateItem &item, UpdateCheck kind);
+    void fail(const UpdateItem &item, const std::error_code &error);
     void installNow(const UpdateItem &item);
     void show(UpdateStatus status);
     void setChecking(bool isChecking);
@@ -85,6 +88,7 @@ private:
     FeedDownload m_feed;
     ArchiveDownload m_archive;
     CheckTimer m_timer;
+    QTimer m_refusal;
     UpdateStatus m_status;
     bool m_isStarted = false;
     bool m_isChecking = false;

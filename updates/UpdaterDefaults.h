@@ -6,7 +6,7 @@
 #include "core/Result.h"
 #include "core/Switch.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <optional>
 
@@ -30,6 +30,10 @@ public:
     /// When the feed was last read, Unix time in seconds; absent when it never was.
     [[nodiscard]] virtual std::optional<double> lastCheck() const = 0;
     virtual Result<void> setLastCheck(double time) = 0;
+    /// What was fetched last and turned out to be nothing that can be installed, by its signature; empty when
+    /// there was no such thing.
+    [[nodiscard]] virtual QByteArray refusedSignature() const = 0;
+    virtual Result<void> setRefusedSignature(const QByteArray &signature) = 0;
 };
 
 } // namespace quorvane

@@ -39,6 +39,8 @@ struct UpdaterSetup
     };
     /// How often the clock is looked at.
     std::chrono::milliseconds look = CheckTimer::usualLook;
+    /// How often it is looked whether a check that was refused may be made.
+    std::chrono::milliseconds refusalLook = std::chrono::seconds(15);
 };
 
 } // namespace quorvane

@@ -151,6 +151,13 @@ void UpdateManagerTest::aStartThatFailsIsTold()
     QVERIFY(!manager->canCheckForUpdates());
     QCOMPARE(fixture->model->notice(),
              u"Updates could not start. Your meeting reminders are still running."_s);
+    QCOMPARE(manager->phase(), UpdateSettings::Phase::failed);
+    QCOMPARE(manager->headline(), u"Quorvane cannot change the folder that it is installed in."_s);
+
+    updates->installer.canInstall = {};
+    manager->install(); // again
+    QVERIFY(manager->canCheckForUpdates());
+    QCOMPARE(manager->phase(), UpdateSettings::Phase::idle);
 }
 
 void UpdateManagerTest::theVersionIsDescribed_data()

@@ -35,10 +35,17 @@ public:
         last = time;
         return {};
     }
+    [[nodiscard]] QByteArray refusedSignature() const override { return refused; }
+    Result<void> setRefusedSignature(const QByteArray &signature) override
+    {
+        refused = signature;
+        return {};
+    }
 
     Switch checks = Switch::off;
     Switch downloads = Switch::off;
     std::optional<double> last;
+    QByteArray refused;
 };
 
 /// An installation that says what it is told to say.
@@ -115,6 +122,7 @@ public:
             .now = [this] { return now; },
             .random = [](quint32) { return 0U; },
             .look = std::chrono::milliseconds(20),
+            .refusalLook = std::chrono::milliseconds(20),
         };
     }
 

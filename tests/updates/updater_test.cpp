@@ -59,6 +59,8 @@ private Q_SLOTS:
     void whatIsFoundByItselfIsToldOrInstalled_data();
     void whatIsFoundByItselfIsToldOrInstalled();
     void aVersionThatFailedOnceComesByRequestOnly();
+    void whatCannotBeInstalledIsNotFetchedEachDay();
+    void aCheckThatEndsLateUndoesNothing();
     void anInstallationWaitsForItsDelegate();
     void aFailureIsToldAndCanBeTriedAgain();
     void aStoppedDownloadCanBeTakenUpAgain();
@@ -139,8 +141,9 @@ void UpdaterTest::aCheckThatIsRefusedAsksNobody()
     QCOMPARE(updater->status().error, make_error_code(UpdateError::busy));
     QCOMPARE(fixture->peer.connections(), 0);
 
+    // When it may be made it is, as was said.
     decider->allowed = {};
-    find();
+    QTRY_COMPARE(phase(), Phase::available);
 }
 
 void UpdaterTest::checksComeByThemselvesOnceADay()
@@ -229,6 +232,39 @@ void UpdaterTest::aVersionThatFailedOnceComesByRequestOnly()
     QTRY_COMPARE(fixture->defaults.last, fixture->now);
     QCOMPARE(phase(), Phase::idle);
     find();
+}
+
+void UpdaterTest::whatCannotBeInstalledIsNotFetchedEachDay()
+{
+    fixture->defaults.checks = Switch::on;
+    fixture->defaults.downloads = Switch::on;
+    fixture->installer.preparation = Failure(make_error_code(UpdateError::selfTestFailed));
+    updater->takeDefaults();
+    fixture->now += 61;
+    QTRY_COMPARE(phase(), Phase::failed);
+
+    start(); // in a later run
+    updater->takeDefaults();
+    fixture->now += 2 * 86'400;
+    QTRY_COMPARE(phase(), Phase::available);
+    fixture->installer.preparation = {};
+    updater->install();
+    QTRY_COMPARE(phase(), Phase::ready);
+}
+
+void UpdaterTest::aCheckThatEndsLateUndoesNothing()
+{
+    find();
+    fixture->peer.tell({{u"path"_s, u"/feed"_s}, {u"size"_s, 20}, {u"fault"_s, u"drip"_s}});
+    fixture->defaults.checks = Switch::on;
+    updater->takeDefaults();
+    fixture->now += 2 * 86'400;
+    QTRY_VERIFY(!updater->canCheckForUpdates());
+    updater->install();
+    QTRY_COMPARE(phase(), Phase::ready);
+    QSignalSpy changed(updater.get(), &Updater::canCheckForUpdatesChanged);
+    QTRY_VERIFY(!changed.isEmpty()); // the check has ended
+    QCOMPARE(phase(), Phase::ready);
 }
 
 void UpdaterTest::anInstallationWaitsForItsDelegate()

@@ -12,7 +12,7 @@ import urllib.parse
 TOP = "Quorvane"
 INFORMATION = "share/Quorvane/info.json"
 VERSION = re.compile(r"[A-Za-z0-9-][A-Za-z0-9.-]{0,39}")
-LARGEST = 1_000_000_000
+LARGEST = 256_000_000
 # As Qt names what a program was built for, which is what the program compares with.
 PROCESSORS = {3: "i386", 40: "arm", 62: "x86_64", 183: "arm64", 243: "riscv64"}
 

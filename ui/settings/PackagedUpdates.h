@@ -21,7 +21,6 @@ public:
     void setAutomaticallyChecks(Switch) override {}
     [[nodiscard]] bool automaticallyDownloads() const override { return false; }
     void setAutomaticallyDownloads(Switch) override {}
-    [[nodiscard]] bool canDownloadAutomatically() const override { return false; }
     [[nodiscard]] bool canCheckForUpdates() const override { return false; }
     void checkNow() override {}
     [[nodiscard]] QString keeper() const override;

@@ -22,7 +22,6 @@ class UpdateSettings : public QObject
     Q_PROPERTY(bool updatesItself READ updatesItself CONSTANT)
     Q_PROPERTY(bool automaticallyChecks READ automaticallyChecks WRITE chooseChecks NOTIFY changed)
     Q_PROPERTY(bool automaticallyDownloads READ automaticallyDownloads WRITE chooseDownloads NOTIFY changed)
-    Q_PROPERTY(bool canDownloadAutomatically READ canDownloadAutomatically NOTIFY changed)
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates NOTIFY changed)
     Q_PROPERTY(QString keeper READ keeper CONSTANT)
     Q_PROPERTY(Phase phase READ phase NOTIFY progressed)
@@ -61,7 +60,6 @@ public:
     virtual void setAutomaticallyChecks(Switch checks) = 0;
     [[nodiscard]] virtual bool automaticallyDownloads() const = 0;
     virtual void setAutomaticallyDownloads(Switch downloads) = 0;
-    [[nodiscard]] virtual bool canDownloadAutomatically() const = 0;
     /// False while a check runs.
     [[nodiscard]] virtual bool canCheckForUpdates() const = 0;
     /// Looks for an update because the person asked for it.

@@ -5,6 +5,7 @@
 
 #include "posix/FileDescriptor.h"
 #include "updates/UpdateError.h"
+#include "updates/UpdateItem.h"
 
 #include <QFile>
 
@@ -77,7 +78,7 @@ Result<void> verify(const QString &path, qint64 length, const QByteArray &signat
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     struct stat state{};
     if (!file.isValid() || ::fstat(file.value(), &state) != 0 || !S_ISREG(state.st_mode) ||
-        state.st_size > largestArchive)
+        state.st_size > UpdateItem::longestArchive)
         return Failure(UpdateError::installationFailed);
     if (state.st_size != length)
         return Failure(UpdateError::wrongLength);

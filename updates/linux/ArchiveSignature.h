@@ -15,8 +15,6 @@ namespace quorvane::ArchiveSignature {
 
 /// A public key's length in bytes.
 inline constexpr qsizetype keySize = 32;
-/// The largest archive that is looked at, in bytes.
-inline constexpr qint64 largestArchive = 256LL * 1024 * 1024;
 
 /// The 32 bytes of a public key, from base64 (RFC 4648) with its padding and nothing around it; absent when
 /// it is anything else.
@@ -24,8 +22,8 @@ inline constexpr qint64 largestArchive = 256LL * 1024 * 1024;
 
 /// Whether the file at `path` has `length` bytes and `signature` (64 bytes) is that of `key` (32 bytes) over
 /// all of them. Fails with `UpdateError::wrongLength`, `signatureInvalid`, or `installationFailed` when the
-/// file cannot be read or is larger than `largestArchive`. Holds the whole file in memory: a mapped one that
-/// shrinks meanwhile would end the program. Takes long, so not on the main thread.
+/// file cannot be read or is larger than `UpdateItem::longestArchive`. Holds the whole file in memory: a
+/// mapped one that shrinks meanwhile would end the program. Takes long, so not on the main thread.
 [[nodiscard]] Result<void> verify(const QString &path, qint64 length, const QByteArray &signature,
                                   const QByteArray &key);
 

@@ -21,7 +21,6 @@ public:
     void setAutomaticallyChecks(Switch wanted) override { checks = wanted; }
     [[nodiscard]] bool automaticallyDownloads() const override { return false; }
     void setAutomaticallyDownloads(Switch) override {}
-    [[nodiscard]] bool canDownloadAutomatically() const override { return checks == Switch::on; }
     [[nodiscard]] bool canCheckForUpdates() const override { return true; }
     void checkNow() override { asked << QStringLiteral("check"); }
     [[nodiscard]] QString keeper() const override { return {}; }

@@ -35,7 +35,7 @@ SettingsGroup {
     SwitchRow {
         title: qsTr("Download and install updates automatically")
         note: qsTr("Installation waits until no meeting alert is showing.")
-        enabled: group.updates.updatesItself && group.updates.canDownloadAutomatically
+        enabled: group.updates.updatesItself
         checked: group.updates.automaticallyDownloads
         onToggled: checked => group.updates.automaticallyDownloads = checked
     }
