@@ -137,12 +137,19 @@ void UpdateGroupTest::theKeyboardFollowsAnUpdate()
 
 void UpdateGroupTest::whatComesOfACheckIsBroughtIntoSight()
 {
-    openUpdates({648, 620});
-    QTRY_COMPARE(page->current(), u"Check for Updates"_s);
-    page->press(Qt::Key_Return);
-    updates->enter(Phase::available, newer, news);
-    const QQuickItem *group = page->picture->item("updates");
-    QTRY_VERIFY(ViewPicture::area(group).bottom() <= 620);
+    for (const QSize size : {QSize(648, 620), QSize(1064, 640)}) {
+        updates->enter(Phase::idle, QString(), QString());
+        openUpdates(size);
+        QTRY_COMPARE(page->current(), u"Check for Updates"_s);
+        page->press(Qt::Key_Return);
+        updates->enter(Phase::available, newer, QString());
+        const QQuickItem *group = page->picture->item("updates");
+        QTRY_VERIFY(ViewPicture::area(group).bottom() <= size.height());
+    }
+
+    // Also when the window manager then gives it another size.
+    page->picture->view.resize(1064, 480);
+    QTRY_VERIFY(ViewPicture::area(page->picture->item("updates")).bottom() <= 480);
 }
 
 void UpdateGroupTest::longNotesAreReadByKeys()

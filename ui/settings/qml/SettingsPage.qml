@@ -40,10 +40,19 @@ Item {
         }
     }
 
+    /// Keeps in sight what becomes of an update that the person asked for.
+    function followUpdates() : void {
+        if (updateGroup.asked && area.shows(updateGroup))
+            area.reveal(updateGroup);
+    }
+
     ScrollArea {
         id: area
 
         anchors.fill: parent
+        // The group may have grown before there was room to scroll to, and the window become smaller since.
+        onContentHeightChanged: page.followUpdates()
+        onHeightChanged: page.followUpdates()
         contentHeight: Math.max(left.y + left.height, right.y + right.height) + page.gap
 
         PageHeading {
@@ -89,8 +98,7 @@ Item {
                 objectName: "updates"
                 width: parent.width
                 updates: page.settings.updates
-                onHeightChanged: if (asked && area.shows(updateGroup))
-                    area.reveal(updateGroup)
+                onHeightChanged: page.followUpdates()
             }
         }
     }
