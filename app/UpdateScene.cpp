@@ -46,6 +46,11 @@ void UpdateScene::begin(AppModel &model, DashboardWindow &dashboard)
     notify();
     connect(&m_start, &VersionStart::settled, this, [this] { m_parts.clean(); });
     takeOver();
+    connect(&m_start, &VersionStart::begun, this, [this] {
+        takeOver();
+        if (opensWindow())
+            m_dashboard->open();
+    });
     m_start.follow(model);
 }
 

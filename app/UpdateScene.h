@@ -41,7 +41,7 @@ public:
     [[nodiscard]] bool opensWindow() const { return m_window == Handover::Window::open; }
 
     /// The event loop has ended: whether another version is to be started in this process. An update that
-    /// waited for the end is installed, but not started.
+    /// waited for the end is installed by the next start.
     [[nodiscard]] bool finish();
 
 private:

@@ -8,6 +8,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QTimer>
 
 #include <optional>
 
@@ -29,9 +30,13 @@ public:
     /// One that no other version has to do with.
     VersionStart() = default;
 
-    /// In `main`, before there are threads: may become another version and not return. `arguments` without
-    /// the program's name. `image` outlives this.
+    /// In `main`, once there is a display, before there are threads, and with signals that end the program
+    /// held back: may become another version and not return. `arguments` without the program's name. `image`
+    /// outlives this.
     VersionStart(const ProcessImage &image, const QStringList &arguments);
+
+    /// Instead of it where there is no display: nothing is proved or disproved.
+    static void putOff(const QStringList &arguments);
 
     /// Absent where there is but one version.
     [[nodiscard]] const std::optional<InstalledVersions> &installed() const { return m_installed; }
@@ -50,15 +55,24 @@ public:
     void leave();
 
 Q_SIGNALS:
+    /// The trial is this copy's after all, and `isFirst` says so from now on: another one had it, which has
+    /// gone.
+    void begun();
     /// The version that runs stays.
     void settled();
 
 private:
+    void becomeSuccessor() const;
+    void watch();
+    void retry();
     void count();
 
+    const ProcessImage *m_image = nullptr;
     std::optional<InstalledVersions> m_installed;
     std::optional<VersionTrial> m_trial;
     int m_seconds = 0;
+    QTimer m_retry;
+    int m_retries = 0;
 };
 
 } // namespace quorvane

@@ -86,33 +86,28 @@ void describeApplication()
         quorvane::AppDelegate::applicationShouldTerminateAfterLastWindowClosed);
 }
 
-/// The new version in this process; returns if there is none, and somebody else brings this one back.
+/// The new version in this process, or this one again; returns if neither can be.
 void startReplacement(const quorvane::ProcessImage &image, const quorvane::InstalledVersions &installed)
 {
     using namespace quorvane;
-    const auto start = [&image](const QString &executable) {
-        (void)relaunch(image, executable, startKind());
-    };
-    const bool isGuarded = TakeoverGuard::begin(installed, start);
-    start(installed.currentExecutable());
-    if (!isGuarded)
-        start(installed.executable(installed.own()));
+    TakeoverGuard::takeOver(
+        installed, [&image](const QString &executable) { (void)relaunch(image, executable, startKind()); });
 }
 
 int runApplication(int argc, char **argv, const QStringList &arguments, const quorvane::ProcessImage &image)
 {
     using namespace quorvane;
-    VersionStart start(image, arguments);
     ServiceNotifier notifier;
     const QProcessEnvironment environment = environmentForOthers();
     if (!isSessionBusResponsive())
         doWithoutSessionBus();
     if (preparePlatform() == SessionKind::none && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        start.leave();
+        VersionStart::putOff(arguments);
         return runWithoutDisplay(argc, argv, arguments, notifier);
     }
+    QuitSignals quitSignals; // before a version is on trial: to be asked to end is no failure
+    VersionStart start(image, arguments);
     const Activation activation = activationOfStart(arguments);
-    QuitSignals quitSignals;
     QApplication application(argc, argv);
     quitSignals.listen();
     describeApplication();
@@ -137,10 +132,12 @@ int runApplication(int argc, char **argv, const QStringList &arguments, const qu
         quorvane.reportTo(stdout);
     quorvane.show(arguments);
     notifier.ready();
-    const int status = QApplication::exec();
+    int status = QApplication::exec();
     start.end();
-    if (quorvane.finish())
+    if (quorvane.finish()) {
         startReplacement(image, *start.installed());
+        status = EXIT_FAILURE;
+    }
     notifier.stopping();
     // Not by leaving, which would wait for threads that a calendar service or a name server may still hold.
     CommandLineStreams::end(status);

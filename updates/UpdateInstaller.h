@@ -42,6 +42,10 @@ public:
     /// Takes some milliseconds. Fails with `installationFailed`, and nothing has changed.
     [[nodiscard]] virtual Result<void> activate(const UpdateItem &item, const Handover &handover) = 0;
 
+    /// Has the next start of the program do so, before anything else; the program ends now. Fails with
+    /// `installationFailed`, and nothing has changed.
+    [[nodiscard]] virtual Result<void> activateAtNextStart(const UpdateItem &item) = 0;
+
     /// Whether this version was put in place once and did not come up.
     [[nodiscard]] virtual bool hasFailed(const UpdateItem &item) const = 0;
 };

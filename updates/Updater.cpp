@@ -119,7 +119,7 @@ void Updater::stop()
 void Updater::installOnQuit()
 {
     if (m_status.phase == Phase::ready)
-        (void)m_setup.installer.activate(*m_status.item, Handover());
+        (void)m_setup.installer.activateAtNextStart(*m_status.item);
 }
 
 QCoro::Task<> Updater::check(UpdateCheck kind)

@@ -51,7 +51,7 @@ public:
     void install();
     /// Ends the download; what has come is kept.
     void stop();
-    /// Installs what is ready without starting it: the program ends.
+    /// Has the next start of the program install what is ready: this one ends.
     void installOnQuit();
 
     [[nodiscard]] const UpdateStatus &status() const { return m_status; }

@@ -5,6 +5,7 @@
 #include "tests/support/UpdateFixture.h"
 #include "updates/UpdateError.h"
 #include "updates/linux/ArchiveSignature.h"
+#include "updates/linux/PendingVersion.h"
 #include "updates/linux/VersionTrial.h"
 
 #include <QTest>
@@ -33,7 +34,11 @@ private Q_SLOTS:
     void whatIsNotPreparedIsReplaced();
     void aVersionIsNotPutInPlaceOverANewerOne();
     void aVersionOnTrialIsNotReplaced();
+    void theNextStartPutsInPlaceWhatWaitsForIt();
+    void whatDoesNotFitIsForgotten_data();
+    void whatDoesNotFitIsForgotten();
     void anotherDownloadIsThrownAway();
+    void cleaningKeepsWhatIsNeeded_data();
     void cleaningKeepsWhatIsNeeded();
     void onlyAWholeKeyIsAKey_data();
     void onlyAWholeKeyIsAKey();
@@ -257,6 +262,53 @@ void VersionedInstallerTest::aVersionOnTrialIsNotReplaced()
     QVERIFY(installer.activate(next, {}).has_value());
 }
 
+void VersionedInstallerTest::theNextStartPutsInPlaceWhatWaitsForIt()
+{
+    const QByteArray archive = UpdateFixture::archive(u"812"_s);
+    const InstalledVersions installed = f->tree.seenBy(u"811"_s);
+    {
+        VersionedInstaller installer(f->setup());
+        QVERIFY(!installer.activateAtNextStart(item(archive)));
+        QVERIFY(UpdateFixture::prepared(installer, item(archive), archive).has_value());
+        QVERIFY(installer.activateAtNextStart(item(archive)));
+        QVERIFY(!PendingVersion::activate(installed)); // while this copy runs
+    }
+    QCOMPARE(installed.currentVersion(), u"811"_s);
+    QVERIFY(PendingVersion::activate(installed));
+    QCOMPARE(installed.currentVersion(), u"812"_s);
+    QVERIFY(!PendingVersion::activate(installed));
+    QCOMPARE(VersionTrial::begin(f->tree.seenBy(u"812"_s)).outcome(), VersionTrial::Outcome::onTrial);
+}
+
+void VersionedInstallerTest::whatDoesNotFitIsForgotten_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("content");
+    const QString pending = u"pending.json"_s;
+    QTest::newRow("garbage") << pending << QByteArray("{\"version\": 812");
+    QTest::newRow("another archive") << pending << QByteArray(R"({"version": "812", "signature": "00"})");
+    QTest::newRow("a path") << pending << QByteArray(R"({"version": "../812", "signature": "00"})");
+    QTest::newRow("rejected") << u"rejected.json"_s << QByteArray(R"({"versions": ["812"]})");
+    QTest::newRow("gone") << u"versions/812/.prepared"_s << QByteArray();
+}
+
+void VersionedInstallerTest::whatDoesNotFitIsForgotten()
+{
+    QFETCH(const QString, file);
+    QFETCH(const QByteArray, content);
+    const QByteArray archive = UpdateFixture::archive(u"812"_s);
+    {
+        VersionedInstaller installer(f->setup());
+        QVERIFY(UpdateFixture::prepared(installer, item(archive), archive).has_value());
+        QVERIFY(installer.activateAtNextStart(item(archive)));
+    }
+    InstalledTree::write(f->tree.path(file), content);
+    const InstalledVersions installed = f->tree.seenBy(u"811"_s);
+    QVERIFY(!PendingVersion::activate(installed));
+    QCOMPARE(installed.currentVersion(), u"811"_s);
+    QVERIFY(!QFile::exists(f->tree.path(u"pending.json"_s)));
+}
+
 void VersionedInstallerTest::anotherDownloadIsThrownAway()
 {
     VersionedInstaller installer(f->setup());
@@ -266,6 +318,13 @@ void VersionedInstallerTest::anotherDownloadIsThrownAway()
     QCOMPARE(InstalledTree::read(first), QByteArray("fir"));
     QVERIFY(installer.archiveFile(item("second")).value() != first);
     QVERIFY(!QFile::exists(first));
+}
+
+void VersionedInstallerTest::cleaningKeepsWhatIsNeeded_data()
+{
+    QTest::addColumn<bool>("isFormerKnown");
+    QTest::newRow("with a link to the former version") << true;
+    QTest::newRow("without") << false;
 }
 
 void VersionedInstallerTest::cleaningKeepsWhatIsNeeded()
@@ -287,6 +346,10 @@ void VersionedInstallerTest::cleaningKeepsWhatIsNeeded()
     QCOMPARE(namesIn(u"versions"_s).size(), 8); // not while one is on trial
 
     QVERIFY(QFile::remove(f->tree.path(u"trial.json"_s)));
+    QFETCH(const bool, isFormerKnown);
+    if (!isFormerKnown) // the link could not be made
+        QVERIFY(QFile::remove(f->tree.path(u"previous"_s)));
+    InstalledTree::write(f->tree.path(u"rejected.json"_s), R"({"versions": ["813"]})"); // and asked for again
     QCoro::waitFor(installer.clean());
     QCOMPARE(namesIn(u"versions"_s), QStringList({u"809"_s, u"811"_s, u"812"_s, u"813"_s}));
     QCOMPARE(namesIn(u".updates"_s), QStringList(u"lock"_s));

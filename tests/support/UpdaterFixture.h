@@ -70,6 +70,11 @@ public:
         activated.append(item.version);
         return activation;
     }
+    [[nodiscard]] Result<void> activateAtNextStart(const UpdateItem &item) override
+    {
+        noted.append(item.version);
+        return {};
+    }
     [[nodiscard]] bool hasFailed(const UpdateItem &item) const override { return failed == item.version; }
 
     Result<void> canInstall;
@@ -78,6 +83,7 @@ public:
     QString prepared;
     QString failed;
     QStringList activated;
+    QStringList noted;
     QTemporaryDir folder;
 };
 

@@ -10,25 +10,27 @@
 
 namespace quorvane {
 
-bool tryLock(const FileDescriptor &file, LockKind kind)
+LockOutcome tryLock(const FileDescriptor &file, LockKind kind)
 {
     const int operation = (kind == LockKind::shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
     int result = 0;
     do
         result = ::flock(file.value(), operation);
     while (result != 0 && errno == EINTR);
-    return result == 0;
+    if (result == 0)
+        return LockOutcome::taken;
+    return errno == EWOULDBLOCK ? LockOutcome::refused : LockOutcome::impossible;
 }
 
-bool lockInTime(const FileDescriptor &file, std::chrono::milliseconds patience)
+LockOutcome lockInTime(const FileDescriptor &file, std::chrono::milliseconds patience)
 {
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (!tryLock(file, LockKind::exclusive)) {
-        if (errno != EWOULDBLOCK || std::chrono::steady_clock::now() >= end)
-            return false;
+    LockOutcome outcome = tryLock(file, LockKind::exclusive);
+    while (outcome == LockOutcome::refused && std::chrono::steady_clock::now() < end) {
         ::usleep(2'000);
+        outcome = tryLock(file, LockKind::exclusive);
     }
-    return true;
+    return outcome;
 }
 
 } // namespace quorvane

@@ -5,6 +5,7 @@
 
 #include "updates/VersionOrder.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -65,7 +66,8 @@ std::optional<QString> InstalledVersions::versionBehind(const QString &link) con
     const ssize_t length = ::readlink(path.constData(), target.data(), target.size());
     if (length <= 0)
         return std::nullopt;
-    QString folder = QFile::decodeName(QByteArray(target.data(), static_cast<qsizetype>(length)));
+    QString folder =
+        QDir::cleanPath(QFile::decodeName(QByteArray(target.data(), static_cast<qsizetype>(length))));
     QString version = takeName(folder);
     if ((folder != versionsName && folder != m_root + u'/' + versionsName) ||
         !VersionOrder::isVersion(version))
@@ -107,7 +109,7 @@ QString InstalledVersions::currentExecutable() const
 bool InstalledVersions::canChange() const
 {
     const QString updates = m_root + u"/.updates"_s;
-    return mayChange(m_root) && mayChange(m_root + u'/' + versionsName) &&
+    return currentVersion() && mayChange(m_root) && mayChange(m_root + u'/' + versionsName) &&
            (!QFileInfo::exists(updates) || mayChange(updates));
 }
 

@@ -38,8 +38,9 @@ public:
     /// ROOT/current/bin/quorvane: the one to name wherever a later version is to be started.
     [[nodiscard]] QString currentExecutable() const;
 
-    /// Whether this user can add versions and choose among them. Asks for the rights and leaves nothing
-    /// behind; what an immutable folder or a full disk forbids only shows when it is tried.
+    /// Whether this user can add versions and choose among them; not where ROOT/current names none. Asks for
+    /// the rights and leaves nothing behind; what an immutable folder or a full disk forbids only shows when
+    /// it is tried.
     [[nodiscard]] bool canChange() const;
 
     bool operator==(const InstalledVersions &) const = default;

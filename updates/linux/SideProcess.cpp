@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 
 #include <fcntl.h>
 #include <sys/prctl.h>
@@ -32,6 +33,10 @@ void closeAllBut(std::vector<int> kept)
 std::vector<int> leaveProcess(std::vector<int> kept)
 {
     ::prctl(PR_SET_NAME, "quorvane-trial");
+    // What is held back for a program that listens to it would not end this one.
+    sigset_t none;
+    ::sigemptyset(&none);
+    ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
     // A program that was started without standard streams has other files in their places.
     for (int &file : kept)
         file = ::fcntl(file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);

@@ -5,11 +5,11 @@
 
 #include "updates/linux/DurableFolder.h"
 #include "updates/linux/SideProcess.h"
+#include "updates/linux/TrialMark.h"
 #include "updates/linux/TrialRecord.h"
 
 #include <csignal>
 
-#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -34,18 +34,18 @@ bool hasEnded(int process)
     return ::poll(&file, 1, static_cast<int>(look.count())) > 0;
 }
 
-/// Whether the new version has failed without having begun; looked at until that is known.
+/// Whether the new version has failed and nobody looks after it; looked at until that is known.
 bool awaitFailure(int process, const DurableFolder &root, Clock::time_point end)
 {
     bool hasBegun = false;
     while (true) {
         const bool isDead = hasEnded(process);
-        const bool isOnTrial = root.has(TrialRecord::mark);
-        if (!root.has(TrialRecord::file) || (hasBegun && !isOnTrial))
-            return false; // proved, or it had nothing to do here
-        if (isDead)
-            return true;
-        if (isOnTrial && !hasBegun) {
+        if (!root.has(TrialRecord::file))
+            return false; // decided
+        const bool isSeen = TrialMark::isSeen(root);
+        if (isDead) // else it left its trial to another process, or to a later one
+            return !isSeen || TrialMark::isLeft(root);
+        if (isSeen && !hasBegun) {
             hasBegun = true;
             end = Clock::now() + handoverTime;
         }
@@ -57,10 +57,9 @@ bool awaitFailure(int process, const DurableFolder &root, Clock::time_point end)
     }
 }
 
-} // namespace
-
-bool begin(const InstalledVersions &installed, const VersionTrial::Start &start,
-           std::chrono::milliseconds patience)
+/// Has a small process bring this version back should the new one end or hang before its trial.
+void beginGuard(const InstalledVersions &installed, const VersionTrial::Start &start,
+                std::chrono::milliseconds patience)
 {
     const FileDescriptor process(::pidfd_open(::getpid(), 0));
     const QString executable = installed.executable(installed.own());
@@ -70,10 +69,23 @@ bool begin(const InstalledVersions &installed, const VersionTrial::Start &start,
         if (!awaitFailure(kept[0], root, end))
             return;
         // By this mark the version that is started now knows that the new one was tried.
-        static_cast<void>(root.open(TrialRecord::mark, O_RDWR | O_CREAT));
+        TrialMark::leave(root);
         start(executable);
     };
-    return process.isValid() && SideProcess::begin({process.value()}, work);
+    if (process.isValid()) // without it the new version has to come to its trial alone
+        static_cast<void>(SideProcess::begin({process.value()}, work));
+}
+
+} // namespace
+
+void takeOver(const InstalledVersions &installed, const VersionTrial::Start &start,
+              std::chrono::milliseconds patience)
+{
+    beginGuard(installed, start, patience);
+    start(installed.currentExecutable());
+    // It cannot be run. This version takes its place back.
+    TrialMark::leave(DurableFolder(installed.root()));
+    start(installed.executable(installed.own()));
 }
 
 } // namespace quorvane::TakeoverGuard

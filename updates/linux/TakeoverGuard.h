@@ -15,10 +15,11 @@ namespace quorvane::TakeoverGuard {
 /// How long the new version may take to begin its trial.
 inline constexpr std::chrono::milliseconds usualPatience{30'000};
 
-/// To be called right before this process becomes the version that ROOT/current names. Has a small process
-/// bring this version back, by `start`, should the new one end or hang before its trial. False when there can
-/// be no such process.
-[[nodiscard]] bool begin(const InstalledVersions &installed, const VersionTrial::Start &start,
-                         std::chrono::milliseconds patience = usualPatience);
+/// Has this process become the version that ROOT/current names, by `start`, after that one was put in place
+/// of this one. A small process brings this version back, in a process of its own, should the new one end or
+/// hang before its trial; one that cannot be run is given up at once, for this version in this process.
+/// Returns only if not even that can be: the process has to end then.
+void takeOver(const InstalledVersions &installed, const VersionTrial::Start &start,
+              std::chrono::milliseconds patience = usualPatience);
 
 } // namespace quorvane::TakeoverGuard

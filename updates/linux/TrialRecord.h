@@ -17,8 +17,6 @@ struct TrialRecord
 {
     /// Where it stands below ROOT, as JSON.
     static constexpr const char *file = "trial.json";
-    /// What appears beside it with the version's first start.
-    static constexpr const char *mark = "trial.running";
 
     QString version;
     QString previous;

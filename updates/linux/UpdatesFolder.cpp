@@ -52,7 +52,7 @@ Result<std::shared_ptr<UpdatesFolder>> UpdatesFolder::open(const QString &root)
         ::openat(folder.value(), "lock", O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!lock.isValid())
         return installationFailure(errno);
-    if (!tryLock(lock, LockKind::exclusive))
+    if (tryLock(lock, LockKind::exclusive) == LockOutcome::refused)
         return Failure(UpdateError::busy);
     return std::make_shared<UpdatesFolder>(path, std::move(lock));
 }

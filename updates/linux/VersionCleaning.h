@@ -26,8 +26,10 @@ public:
 
 private:
     [[nodiscard]] bool isTrialOver(const DurableFolder &root) const;
-    void setAsideUnneeded(const DurableFolder &root) const;
-    [[nodiscard]] bool isNeeded(const QString &version, const QStringList &rejected) const;
+    void setAsideUnneeded() const;
+    [[nodiscard]] QStringList presentVersions() const;
+    [[nodiscard]] QString formerVersion(const QStringList &versions) const;
+    [[nodiscard]] bool isNeeded(const QString &version) const;
 
     InstalledVersions m_installed;
     std::shared_ptr<UpdatesFolder> m_folder;

@@ -153,7 +153,7 @@ Result<void> VersionPreparation::place(const QString &version, const QString &wo
     const InstalledVersions &installed = m_configuration.installed;
     const QString target = installed.folder(m_item.version);
     const FileDescriptor former = folderAt(target);
-    if (former.isValid() && !tryLock(former, LockKind::exclusive))
+    if (former.isValid() && tryLock(former, LockKind::exclusive) == LockOutcome::refused)
         return Failure(UpdateError::installationFailed); // somebody runs it
     const QString aside = workshop + u"/former"_s;
     if (former.isValid() && !move(target, aside))

@@ -6,12 +6,12 @@
 #include "updates/linux/DurableFolder.h"
 #include "updates/linux/FileLock.h"
 #include "updates/linux/RejectedVersions.h"
+#include "updates/linux/TrialMark.h"
 #include "updates/linux/TrialRecord.h"
 #include "updates/linux/TrialWatcher.h"
 
 #include <QFile>
 
-#include <cerrno>
 #include <fcntl.h>
 
 using namespace Qt::StringLiterals;
@@ -40,7 +40,19 @@ void endTrial(const DurableFolder &root)
 {
     // In this order: a mark alone means nothing.
     root.remove(TrialRecord::file);
-    root.remove(TrialRecord::mark);
+    TrialMark::removeAll(root);
+}
+
+/// Open for writing, because network file systems lock nothing else exclusively.
+FileDescriptor openRecord(const DurableFolder &root)
+{
+    FileDescriptor record = root.open(TrialRecord::file, O_RDWR);
+    return record.isValid() ? std::move(record) : root.open(TrialRecord::file, O_RDONLY);
+}
+
+Result<TrialRecord> readRecord(const DurableFolder &root)
+{
+    return TrialRecord::fromJson(root.read(TrialRecord::file).value_or(QByteArray()));
 }
 
 } // namespace
@@ -54,27 +66,50 @@ VersionTrial::VersionTrial(InstalledVersions installed)
 VersionTrial VersionTrial::begin(const InstalledVersions &installed)
 {
     VersionTrial trial(installed);
-    trial.join();
+    trial.join(decisionTime);
     trial.noteGivenUp();
     return trial;
 }
 
+// What did not even come to its trial has not failed for want of a display: its predecessor goes back then.
+void VersionTrial::putOff(const InstalledVersions &installed)
+{
+    const DurableFolder root(installed.root());
+    const FileDescriptor decision = openRecord(root);
+    if (!decision.isValid() || lockInTime(decision, decisionTime) == LockOutcome::refused)
+        return;
+    const Result<TrialRecord> record = readRecord(root);
+    if (record && record->version == installed.own())
+        TrialMark::noteSeen(root);
+    if (record && record->previous == installed.own() && TrialMark::isLeftUnseen(root))
+        VersionTrial(installed).takeBack(root, *record);
+    else
+        TrialMark::removeUnused(root);
+}
+
+void VersionTrial::retry()
+{
+    if (m_outcome != Outcome::inProgress)
+        return;
+    m_outcome = Outcome::none;
+    join(confirmationTime);
+}
+
 // Who decides holds a lock on trial.json, so that two starts at once do not both find a trial that has just
 // failed. The file may be gone, with its lock, when the lock is had.
-void VersionTrial::join()
+void VersionTrial::join(std::chrono::milliseconds patience)
 {
     const DurableFolder root(m_installed.root());
-    const FileDescriptor decision = root.open(TrialRecord::file, O_RDONLY);
+    const FileDescriptor decision = openRecord(root);
     if (!decision.isValid())
         return giveWayIfRejected();
-    if (!lockInTime(decision, decisionTime)) {
+    if (lockInTime(decision, patience) == LockOutcome::refused) {
         m_outcome = Outcome::inProgress;
         return;
     }
     if (!root.isStill(TrialRecord::file, decision))
-        return join();
-    const Result<TrialRecord> record =
-        TrialRecord::fromJson(root.read(TrialRecord::file).value_or(QByteArray()));
+        return join(patience);
+    const Result<TrialRecord> record = readRecord(root);
     if (record && record->version == m_installed.own())
         decide(root, *record);
     else if (record && record->previous == m_installed.own())
@@ -84,20 +119,21 @@ void VersionTrial::join()
 void VersionTrial::decide(const DurableFolder &root, const TrialRecord &record)
 {
     m_previous = record.previous;
-    FileDescriptor mark = root.open(TrialRecord::mark, O_RDWR | O_CREAT | O_EXCL);
-    const bool isFirst = mark.isValid();
-    if (!isFirst && errno == EEXIST)
-        mark = root.open(TrialRecord::mark, O_RDWR);
-    if (mark.isValid() && !tryLock(mark, LockKind::exclusive)) {
+    TrialMark::noteSeen(root);
+    TrialMark mark = TrialMark::take(root);
+    switch (mark.finding) {
+    case TrialMark::Finding::first:
+        m_handover = record.handover;
+        m_mark = std::move(mark.file);
+        m_outcome = Outcome::onTrial;
+        return;
+    case TrialMark::Finding::inUse:
         m_outcome = Outcome::inProgress;
         return;
-    }
-    m_handover = record.handover;
-    // Without a mark nobody could tell later that this version did not survive: it is not tried then.
-    if (!isFirst)
+    case TrialMark::Finding::left:
+        m_handover = record.handover;
         return rollBack(root, record);
-    m_mark = std::move(mark);
-    m_outcome = Outcome::onTrial;
+    }
 }
 
 void VersionTrial::rollBack(const DurableFolder &root, const TrialRecord &record)
@@ -126,9 +162,7 @@ void VersionTrial::putBack(const DurableFolder &root, const TrialRecord &record)
 // Somebody starts the former version by its own path, and the new one has died on its trial.
 void VersionTrial::takeBack(const DurableFolder &root, const TrialRecord &record)
 {
-    const FileDescriptor mark = root.open(TrialRecord::mark, O_RDWR);
-    if (mark.isValid() && tryLock(mark, LockKind::exclusive) &&
-        m_installed.currentVersion() == record.version)
+    if (TrialMark::isLeft(root) && m_installed.currentVersion() == record.version)
         putBack(root, record);
 }
 
@@ -192,7 +226,7 @@ void VersionTrial::confirm()
         return;
     m_outcome = Outcome::none;
     const DurableFolder root(m_installed.root());
-    const FileDescriptor decision = root.open(TrialRecord::file, O_RDONLY);
+    const FileDescriptor decision = openRecord(root);
     static_cast<void>(lockInTime(decision, confirmationTime));
     static_cast<void>(root.link("previous", linkTarget(m_previous)));
     endTrial(root);
@@ -210,7 +244,7 @@ void VersionTrial::postpone()
     m_outcome = Outcome::none;
     TrialWatcher::confirm(m_watcher);
     m_watcher = {};
-    DurableFolder(m_installed.root()).remove(TrialRecord::mark);
+    TrialMark::remove(DurableFolder(m_installed.root()));
     m_mark = {};
 }
 

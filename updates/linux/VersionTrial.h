@@ -23,9 +23,7 @@ struct TrialRecord;
 /// live as long as the process. Belongs to one thread, needs no application object, and waits for nothing but
 /// another process that is deciding the same, at most two seconds.
 ///
-/// On the disk: ROOT/trial.json says what is on trial. ROOT/trial.running appears with the first start;
-/// whoever is on trial holds a lock on it, so that without the lock it tells of a version that did not
-/// survive.
+/// On the disk: ROOT/trial.json says what is on trial, and `TrialMark` how it fares.
 class VersionTrial final
 {
 public:
@@ -34,7 +32,7 @@ public:
         none,
         /// This is the first start of a new version: go on, `watch`, and `confirm` when it has proved itself.
         onTrial,
-        /// Another process of this new version is on trial: go on.
+        /// Another process of this new version is on trial, or decides: go on, and `retry`.
         inProgress,
         /// This version did not survive its trial and is not the current one any more: start `successor`.
         rolledBack,
@@ -51,9 +49,14 @@ public:
     /// Becomes another program; returns only if that fails.
     using Start = std::function<void(const QString &executable)>;
 
-    /// To be called once, first thing in `main`, in every start that will have a window or a tray icon. What
-    /// is damaged or names what is not there counts as no trial: a program that starts comes first.
+    /// To be called once, as soon as it is known that there is a display, in every start that will have a
+    /// window or a tray icon. What is damaged or names what is not there counts as no trial: a program that
+    /// starts comes first.
     [[nodiscard]] static VersionTrial begin(const InstalledVersions &installed);
+
+    /// Instead of it in a start that finds no display. Without one nobody knows why an earlier start ended
+    /// early: what began its trial and is gone begins it anew.
+    static void putOff(const InstalledVersions &installed);
 
     VersionTrial(VersionTrial &&other) noexcept = default;
     VersionTrial &operator=(VersionTrial &&other) noexcept = default;
@@ -69,6 +72,10 @@ public:
     /// time in seconds).
     [[nodiscard]] std::optional<Handover> handover(double now) const;
 
+    /// While `inProgress`: looks again, because the other process may have left the trial to this one. Call
+    /// it until the outcome is another, or for a while.
+    void retry();
+
     /// A version that was put in place, did not come up, and of which the person has not been told; absent
     /// while there is none or while it is still this one.
     [[nodiscard]] const std::optional<QString> &givenUp() const { return m_givenUp; }
@@ -76,7 +83,7 @@ public:
     void setTold();
 
     /// While on trial: has a small process look after this one, which brings up what ROOT/current names by
-    /// `start` if this one ends, or hangs, before it is confirmed. To be called before there are threads. The
+    /// `start` if this one ends, or hangs, before it is confirmed. Best called before there are threads. The
     /// small process has no open files of this one; `start` is called in it.
     void watch(const Start &start, WatchTimes times);
     void watch(const Start &start) { watch(start, WatchTimes()); }
@@ -92,7 +99,7 @@ public:
 private:
     explicit VersionTrial(InstalledVersions installed);
 
-    void join();
+    void join(std::chrono::milliseconds patience);
     void decide(const DurableFolder &root, const TrialRecord &record);
     void rollBack(const DurableFolder &root, const TrialRecord &record);
     static void putBack(const DurableFolder &root, const TrialRecord &record);

@@ -7,12 +7,13 @@
 #include "updates/UpdateError.h"
 #include "updates/linux/ArchiveSignature.h"
 #include "updates/linux/DurableFolder.h"
+#include "updates/linux/PendingVersion.h"
 #include "updates/linux/PreparedMark.h"
 #include "updates/linux/RejectedVersions.h"
-#include "updates/linux/TrialRecord.h"
 #include "updates/linux/UpdatesFolder.h"
 #include "updates/linux/VersionCleaning.h"
 #include "updates/linux/VersionPreparation.h"
+#include "updates/linux/VersionSwap.h"
 
 #include <QFileInfo>
 
@@ -29,14 +30,6 @@ constexpr std::chrono::seconds grace{10};
 std::chrono::milliseconds boundFor(const VersionedInstaller::Limits &limits)
 {
     return 2 * (limits.unpacking + limits.selfTest) + limits.disk + grace;
-}
-
-/// It is not proved yet that one could go back to this version.
-bool isOnTrial(const DurableFolder &root, const QString &version)
-{
-    const Result<TrialRecord> record =
-        TrialRecord::fromJson(root.read(TrialRecord::file).value_or(QByteArray()));
-    return record && record->version == version;
 }
 
 } // namespace
@@ -122,27 +115,18 @@ QCoro::Task<Result<void>> VersionedInstaller::prepare(UpdateItem item)
 
 Result<void> VersionedInstaller::activate(const UpdateItem &item, const Handover &handover)
 {
-    const InstalledVersions &installed = m_configuration.installed;
     const Result<std::shared_ptr<UpdatesFolder>> folder = updatesFolder();
-    const std::optional<QString> current = installed.currentVersion();
-    // Another copy may have put a version in place meanwhile, which this one must not undo.
-    if (!folder || !isPrepared(item) || item.version == installed.own() ||
-        (current != installed.own() && current != item.version))
+    if (!folder || !isPrepared(item))
         return Failure(UpdateError::installationFailed);
     const std::scoped_lock choice((*folder)->choice());
-    const DurableFolder root(installed.root());
-    if (isOnTrial(root, installed.own()))
+    return VersionSwap::perform(m_configuration.installed, item.version, handover);
+}
+
+Result<void> VersionedInstaller::activateAtNextStart(const UpdateItem &item)
+{
+    if (!isPrepared(item) || !PendingVersion::note(m_configuration.installed, item))
         return Failure(UpdateError::installationFailed);
-    const TrialRecord record{item.version, installed.own(), handover};
-    // First, so that the new version knows from its very first start that it is on trial.
-    root.remove(TrialRecord::mark);
-    if (root.write(TrialRecord::file, record.toJson()) &&
-        root.link("current", u"versions/"_s + item.version) && root.flush())
-        return {};
-    if (installed.currentVersion() == item.version)
-        return {}; // It is in place; only that it stays so after a power cut is not sure.
-    root.remove(TrialRecord::file);
-    return Failure(UpdateError::installationFailed);
+    return {};
 }
 
 bool VersionedInstaller::hasFailed(const UpdateItem &item) const

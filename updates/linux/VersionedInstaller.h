@@ -50,6 +50,7 @@ public:
     /// Fails with `busy` while another `prepare` or `clean` is under way.
     [[nodiscard]] QCoro::Task<Result<void>> prepare(UpdateItem item) override;
     [[nodiscard]] Result<void> activate(const UpdateItem &item, const Handover &handover) override;
+    [[nodiscard]] Result<void> activateAtNextStart(const UpdateItem &item) override;
     [[nodiscard]] bool hasFailed(const UpdateItem &item) const override;
 
     /// Removes versions that nobody needs any more: kept are the running, the current and the one before it,

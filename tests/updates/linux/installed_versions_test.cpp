@@ -68,6 +68,7 @@ void InstalledVersionsTest::onlyALinkToAVersionNamesTheCurrentOne_data()
     QTest::addColumn<QString>("version");
     QTest::newRow("relative") << u"versions/900"_s << u"900"_s;
     QTest::newRow("absolute") << u"ROOT/versions/900"_s << u"900"_s;
+    QTest::newRow("by hand") << u"./versions/900/"_s << u"900"_s;
     QTest::newRow("elsewhere") << u"/opt/versions/900"_s << QString();
     QTest::newRow("deeper") << u"versions/900/bin"_s << QString();
     QTest::newRow("up") << u"versions/.."_s << QString();
@@ -81,6 +82,7 @@ void InstalledVersionsTest::onlyALinkToAVersionNamesTheCurrentOne()
     QVERIFY(QFile::remove(tree->path(u"current"_s)));
     QVERIFY(::symlink(qPrintable(target), qPrintable(tree->path(u"current"_s))) == 0);
     QCOMPARE(tree->seenBy(u"812"_s).currentVersion().value_or(QString()), version);
+    QCOMPARE(tree->seenBy(u"812"_s).canChange(), !version.isEmpty());
 }
 
 void InstalledVersionsTest::somebodyKeepsEachCopyCurrent_data()

@@ -4,14 +4,19 @@
 #include "tests/support/FullDisk.h"
 #include "tests/support/InstalledTree.h"
 #include "updates/linux/TakeoverGuard.h"
+#include "updates/linux/UpdatesFolder.h"
 #include "updates/linux/VersionTrial.h"
 
 #include <QTest>
 
+#include <cerrno>
 #include <climits>
 #include <csignal>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -19,6 +24,26 @@ using namespace Qt::StringLiterals;
 using namespace quorvane;
 using namespace std::chrono_literals;
 using Outcome = VersionTrial::Outcome;
+
+namespace {
+
+/// What this process's files are on.
+enum class Disk { local, network, withoutLocks };
+
+Disk disk = Disk::local;
+
+} // namespace
+
+/// Stands in for the C library's, which cannot be had on a network's disk here.
+extern "C" int flock(int file, int operation) noexcept
+{
+    const bool isForReading = (::fcntl(file, F_GETFL) & O_ACCMODE) == O_RDONLY;
+    const bool isRefused = (operation & LOCK_EX) != 0 && isForReading && disk == Disk::network;
+    if (!isRefused && disk != Disk::withoutLocks)
+        return static_cast<int>(::syscall(SYS_flock, file, operation));
+    errno = isRefused ? EBADF : ENOLCK;
+    return -1;
+}
 
 /// Version 811 was current, 812 has just been put in its place.
 class VersionTrialTest final : public QObject
@@ -28,7 +53,12 @@ class VersionTrialTest final : public QObject
 private Q_SLOTS:
     void init();
     void aNewVersionIsOnTrialUntilItIsConfirmed();
+    void locksAreNotNeeded_data();
+    void locksAreNotNeeded();
     void aStartThatProvesNothingIsNotCounted();
+    void whoIsLeftOfTwoStartsTakesTheTrialOver();
+    void aStartWithoutADisplayJudgesNothing();
+    void whatAPowerCutEndsHasNotFailed();
     void aVersionThatDiedOnItsTrialGivesWay();
     void theFormerVersionTakesItsPlaceBack();
     void thePersonIsToldOnceWhatWasGivenUp();
@@ -93,10 +123,66 @@ void VersionTrialTest::aNewVersionIsOnTrialUntilItIsConfirmed()
     QCOMPARE(tree->seenBy(u"812"_s).previousVersion(), u"811"_s);
 }
 
+void VersionTrialTest::locksAreNotNeeded_data()
+{
+    QTest::addColumn<Disk>("where");
+    QTest::newRow("on a network's disk") << Disk::network;
+    QTest::newRow("without locks") << Disk::withoutLocks;
+}
+
+void VersionTrialTest::locksAreNotNeeded()
+{
+    QFETCH(const Disk, where);
+    disk = where;
+    QVERIFY(UpdatesFolder::open(tree->root()));
+    VersionTrial first = start(u"812"_s);
+    const Outcome outcome = first.outcome();
+    first.postpone();
+    start(u"812"_s).confirm();
+    disk = Disk::local;
+    QCOMPARE(outcome, Outcome::onTrial);
+    QVERIFY(!has(u"trial.json"_s));
+    QCOMPARE(current(), u"812"_s);
+}
+
 void VersionTrialTest::aStartThatProvesNothingIsNotCounted()
 {
     VersionTrial without = start(u"812"_s); // a display, say
     without.postpone();
+    QCOMPARE(start(u"812"_s).outcome(), Outcome::onTrial);
+    QCOMPARE(start(u"812"_s).outcome(), Outcome::rolledBack);
+}
+
+void VersionTrialTest::whoIsLeftOfTwoStartsTakesTheTrialOver()
+{
+    VersionTrial first = start(u"812"_s);
+    VersionTrial second = start(u"812"_s);
+    second.retry();
+    QCOMPARE(second.outcome(), Outcome::inProgress);
+    first.postpone();
+    second.retry();
+    QCOMPARE(second.outcome(), Outcome::onTrial);
+    QCOMPARE(second.handover(now), Handover({now + 60, Handover::Window::open}));
+    second.confirm();
+    QVERIFY(!has(u"trial.json"_s) && !has(u"trial.running"_s) && !has(u"trial.seen"_s));
+}
+
+void VersionTrialTest::aStartWithoutADisplayJudgesNothing()
+{
+    for (const QString &version : {u"812"_s, u"811"_s}) {
+        QCOMPARE(start(u"812"_s).outcome(), Outcome::onTrial);
+        VersionTrial::putOff(tree->seenBy(version));
+        QCOMPARE(current(), u"812"_s);
+    }
+    const VersionTrial trial = start(u"812"_s);
+    VersionTrial::putOff(tree->seenBy(u"812"_s));
+    QCOMPARE(start(u"812"_s).outcome(), Outcome::inProgress);
+}
+
+void VersionTrialTest::whatAPowerCutEndsHasNotFailed()
+{
+    InstalledTree::write(tree->path(u"trial.running"_s), "d4a1a29c-3f4c-4b52-9a46-3f2b8b5b7f5e");
+    QCOMPARE(start(u"811"_s).givenUp(), std::nullopt);
     QCOMPARE(start(u"812"_s).outcome(), Outcome::onTrial);
     QCOMPARE(start(u"812"_s).outcome(), Outcome::rolledBack);
 }
@@ -288,13 +374,13 @@ void VersionTrialTest::aVersionThatDoesNotBeginGivesWay_data()
 {
     QTest::addColumn<QByteArray>("program");
     QTest::addColumn<bool>("givesWay");
-    const QByteArray begin = "touch " + QByteArray("$(dirname $0)/../../../trial.running\n");
+    const QByteArray begin = "cd -P $(dirname $0)/../../..; touch trial.seen trial.running\n";
     QTest::newRow("dies") << QByteArray("exit 1\n") << true;
-    QTest::newRow("cannot be run") << QByteArray() << true;
+    QTest::newRow("cannot be run") << QByteArray() << true; // not even a shell can
     QTest::newRow("hangs") << QByteArray("exec sleep 60\n") << true;
     QTest::newRow("dies as soon as it has begun") << begin + "exit 1\n" << true;
-    QTest::newRow("has nothing to do") << begin + "sleep 0.5; rm $(dirname $0)/../../../trial.running\n"
-                                       << false;
+    QTest::newRow("has nothing to do") << begin + "rm trial.running\n" << false;
+    QTest::newRow("lives beside the one on trial") << begin + "rm trial.running; exec sleep 3\n" << false;
 }
 
 void VersionTrialTest::aVersionThatDoesNotBeginGivesWay()
@@ -307,14 +393,12 @@ void VersionTrialTest::aVersionThatDoesNotBeginGivesWay()
     const pid_t process = ::fork();
     if (process == 0) {
         const auto start = [this](const QString &executable) {
-            static_cast<void>(VersionTrial::begin(tree->seenBy(u"811"_s)));
+            if (executable == tree->seenBy(u"811"_s).executable(u"811"_s))
+                static_cast<void>(VersionTrial::begin(tree->seenBy(u"811"_s)));
             const QByteArray path = QFile::encodeName(executable);
             ::execl(path.constData(), path.constData(), "argument", nullptr);
         };
-        const bool isGuarded = TakeoverGuard::begin(tree->seenBy(u"811"_s), start, 2s);
-        const QByteArray next = QFile::encodeName(tree->seenBy(u"811"_s).currentExecutable());
-        if (isGuarded)
-            ::execl(next.constData(), next.constData(), nullptr);
+        TakeoverGuard::takeOver(tree->seenBy(u"811"_s), start, 2s);
         ::_exit(1);
     }
     while (::waitpid(-1, nullptr, 0) > 0)
