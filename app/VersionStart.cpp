@@ -31,7 +31,9 @@ std::optional<InstalledVersions> installationOf(const QStringList &arguments)
 
 VersionTrial::Start starting(const ProcessImage &image)
 {
-    return [&image](const QString &executable) { (void)image.replaceBy(executable, {}); };
+    return [&image](const QString &executable) {
+        [[maybe_unused]] const std::error_code failure = image.replaceBy(executable, {});
+    };
 }
 
 } // namespace

@@ -90,8 +90,9 @@ void describeApplication()
 void startReplacement(const quorvane::ProcessImage &image, const quorvane::InstalledVersions &installed)
 {
     using namespace quorvane;
-    TakeoverGuard::takeOver(
-        installed, [&image](const QString &executable) { (void)relaunch(image, executable, startKind()); });
+    TakeoverGuard::takeOver(installed, [&image](const QString &executable) {
+        [[maybe_unused]] const std::error_code failure = relaunch(image, executable, startKind());
+    });
 }
 
 int runApplication(int argc, char **argv, const QStringList &arguments, const quorvane::ProcessImage &image)

@@ -42,7 +42,7 @@ std::vector<int> leaveProcess(std::vector<int> kept)
         file = ::fcntl(file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int nowhere = ::open("/dev/null", O_RDWR);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        ::dup2(nowhere, stream);
+        nowhere < 0 ? ::close(stream) : ::dup2(nowhere, stream);
     closeAllBut(kept);
     return kept;
 }
