@@ -196,14 +196,19 @@ class Trial(UpdateTest):
         self.assertEqual(self.installation.current(), "2")
         self.assertFalse(os.path.exists(self.path("rejected.json")))
 
-    def test_of_two_starts_at_once_one_proves_the_version(self):
+    def test_of_two_starts_at_once_the_one_that_stays_proves_the_version(self):
         self.put_on_trial()
-        first = self.desktop.start("first", [self.installation.executable], without=("QT_QPA_PLATFORM",))
+        self.start_until_on_trial()
+        first = self.program.process
+        first.send_signal(signal.SIGSTOP)
         self.program.start()
-        wait_until("the trial's end", lambda: not os.path.exists(self.path("trial.json")), 40)
+        wait_until("the other copy at work", lambda: self.owner() == self.program.process.pid, 20)
+        first.send_signal(signal.SIGCONT)
+        self.assertEqual(first.wait(15), 0)
+        self.assertTrue(os.path.exists(self.path("trial.json")))
+        wait_until("the trial's end", lambda: not os.path.exists(self.path("trial.json")), 30)
         self.assert_not_judged()
-        self.assertEqual(self.running_version(), "2")
-        self.assertEqual([process.poll() for process in (first, self.program.process)].count(0), 1)
+        self.assertEqual((self.owner(), self.running_version()), (self.program.process.pid, "2"))
 
     def test_an_end_that_was_asked_for_is_no_failure(self):
         self.put_on_trial()
