@@ -130,7 +130,7 @@ class Crash(UpdateTest):
 
     def test_a_version_that_waits_for_the_next_start_and_does_not_live_gives_way(self):
         self.install()
-        archive = self.feed.archive("2")
+        archive = self.archives[2]
         self.offer(self.feed.changed(archive, lambda root: self.replace_program(root, "2", STILLBORN), "broken"), like=archive)
         self.check()
         wait_until("version 2 beside version 1", lambda: "2" in self.installation.versions(), 30)
