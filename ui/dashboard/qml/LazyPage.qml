@@ -10,6 +10,8 @@ Loader {
     /// The page's file and what it is given.
     required property url view
     required property var properties
+    /// Of the page's own type, which is not known before it is loaded.
+    readonly property var page: item
 
     function make() {
         if (visible && status === Loader.Null)

@@ -52,7 +52,7 @@ Item {
         target: stack.dashboard
 
         function onUpdatesRequested() {
-            settings.item.showUpdates();
+            settings.page.showUpdates();
         }
     }
 }

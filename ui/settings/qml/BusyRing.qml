@@ -26,6 +26,7 @@ Item {
     component Turn: ShapePath {
         id: turn
 
+        required property real middle
         property real sweep: 360
 
         fillColor: "transparent"
@@ -33,9 +34,9 @@ Item {
         capStyle: ShapePath.RoundCap
 
         PathAngleArc {
-            centerX: ring.width / 2
-            centerY: ring.height / 2
-            radiusX: ring.width / 2 - 1
+            centerX: turn.middle
+            centerY: turn.middle
+            radiusX: turn.middle - 1
             radiusY: radiusX
             startAngle: -90
             sweepAngle: turn.sweep
@@ -46,6 +47,7 @@ Item {
         anchors.fill: parent
 
         Turn {
+            middle: ring.width / 2
             strokeColor: Theme.markTrack
         }
     }
@@ -56,6 +58,7 @@ Item {
         anchors.fill: parent
 
         Turn {
+            middle: ring.width / 2
             strokeColor: ring.color
             sweep: 100
         }

@@ -33,17 +33,30 @@ Column {
     }
 
     component StepButton: ActionButton {
-        width: Math.min(implicitWidth, status.width)
+        required property real room
+
+        signal reached(visibly: bool)
+        signal lost
+
+        width: Math.min(implicitWidth, room)
         onActiveFocusChanged: if (activeFocus)
-            status.usedKeys = visualFocus
+            reached(visualFocus)
         onVisualFocusChanged: if (activeFocus)
-            status.usedKeys = visualFocus
+            reached(visualFocus)
         onVisibleChanged: if (!visible && focus)
-            Qt.callLater(status.passFocus)
+            lost()
     }
 
     visible: phase !== UpdateSettings.Phase.idle
     spacing: 14
+
+    /// Only when all that changes with the phase has changed.
+    Timer {
+        id: passing
+
+        interval: 0
+        onTriggered: status.passFocus()
+    }
 
     OutcomeLine {
         width: parent.width
@@ -81,6 +94,9 @@ Column {
         StepButton {
             id: stopButton
 
+            room: status.width
+            onReached: visibly => status.usedKeys = visibly
+            onLost: passing.start()
             anchors.right: parent.right
             visible: status.phase === UpdateSettings.Phase.downloading
             size: ActionButton.Compact
@@ -93,6 +109,9 @@ Column {
     StepButton {
         id: installButton
 
+        room: status.width
+        onReached: visibly => status.usedKeys = visibly
+        onLost: passing.start()
         visible: status.phase === UpdateSettings.Phase.available
         kind: ActionButton.Primary
         text: qsTr("Download and Install")
@@ -102,6 +121,9 @@ Column {
     StepButton {
         id: retryButton
 
+        room: status.width
+        onReached: visibly => status.usedKeys = visibly
+        onLost: passing.start()
         visible: status.phase === UpdateSettings.Phase.failed
         icon: Icons.refresh
         text: qsTr("Try Again")
