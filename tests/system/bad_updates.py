@@ -6,7 +6,7 @@ import io
 import os
 import tarfile
 
-from harness import main
+from harness import main, wait_until
 from update_feed import FEED
 from update_test import UpdateTest
 
