@@ -62,8 +62,9 @@ void VersionStart::putOff(const QStringList &arguments)
 // If that fails, a version that may not work is better than none.
 void VersionStart::becomeSuccessor() const
 {
+    const VersionTrial::Start start = starting(*m_image);
     if (m_trial->outcome() == VersionTrial::Outcome::rolledBack)
-        starting (*m_image)(m_trial->successor());
+        start(m_trial->successor());
 }
 
 void VersionStart::watch()
