@@ -42,8 +42,10 @@ void UpdateScene::begin(AppModel &model, DashboardWindow &dashboard)
     });
     if (model.mode() == AppModel::Mode::preview)
         return;
-    followSettings();
-    notify();
+    if (m_manager.updatesItself()) {
+        followSettings();
+        notify();
+    }
     connect(&m_start, &VersionStart::settled, this, [this] { m_parts.clean(); });
     takeOver();
     connect(&m_start, &VersionStart::begun, this, [this] {
