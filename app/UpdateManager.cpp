@@ -6,6 +6,7 @@
 #include "app/UpdateDeferral.h"
 #include "core/UpdatePolicy.h"
 #include "model/AppModel.h"
+#include "model/SettingsWords.h"
 #include "updates/UpdateError.h"
 
 #include <QCoreApplication>
@@ -113,7 +114,7 @@ void UpdateManager::setAutomaticallyDownloads(Switch downloads)
 void UpdateManager::tellUnkept(const Result<void> &kept)
 {
     if (!kept && m_model)
-        m_model->tell(u"Cannot save settings. Check disk space and app permissions."_s, NoticeKind::problem);
+        m_model->tell(SettingsWords::notWritten.toString(), NoticeKind::problem);
 }
 
 void UpdateManager::tellInstalled()

@@ -15,7 +15,7 @@ namespace quorvane {
 
 namespace {
 
-const QString notWritten = u"Cannot save settings. Check disk space and app permissions."_s;
+const QString notWritten = SettingsWords::notWritten.toString();
 const QString keyringFailed = u"Keychain could not save the credentials."_s;
 
 SettingsOutcome problem(const QString &text)

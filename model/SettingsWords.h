@@ -5,10 +5,15 @@
 
 #include "model/SettingsOutcome.h"
 
+#include <QStringView>
+
 #include <system_error>
 
 /// The words in which the settings tell what came of a request. An empty error means that it went well.
 namespace quorvane::SettingsWords {
+
+/// The settings file cannot be written.
+inline constexpr QStringView notWritten = u"Cannot save settings. Check disk space and app permissions.";
 
 /// A test message sent by this machine.
 [[nodiscard]] SettingsOutcome phoneTest(const std::error_code &error);
