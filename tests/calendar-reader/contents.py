@@ -150,12 +150,17 @@ class Contents(ReaderTest):
         (crew / "b.ics").write_text(calendar(*VTIMEZONE, "BEGIN:VEVENT", "UID:b", "SUMMARY:two",
                                              f"DTSTART;TZID=Office:{stamp(7200 - 12600, '%Y%m%dT%H%M%S')}",
                                              "DURATION:PT1H", "RRULE:FREQ=YEARLY", "END:VEVENT"), encoding="utf-8")
-        (self.folder / "own.ics").write_text(event("c", "ATTENDEE;PARTSTAT=DECLINED:mailto:me@x.example"))
+        cut_off = ["BEGIN:VEVENT", "UID:cut", "DTSTART:20200101T100000Z"]
+        (self.folder / "own.ics").write_text(calendar(*cut_off, "BEGIN:VEVENT", "UID:d", "SUMMARY:three",
+                                                      f"DTSTART:{stamp(10800)}", "DURATION:PT1H", "END:VEVENT", *cut_off)
+                                             + event("c", "ATTENDEE;PARTSTAT=DECLINED:mailto:me@x.example"))
         subprocess.run([ROOT / "tools/make-calendar-cache", self.path, crew, self.folder / "own.ics",
-                        *sorted(samples.glob("*.ics")), "--owner", "me@x.example", "--account", "Here"], check=True)
+                        *sorted(samples.glob("*.ics")), "--owner", "me@x.example", "--account", "Here"],
+                       check=True, capture_output=True)
         outcome = self.snapshot(excluded=[f"Here/{path.stem}" for path in samples.glob("*.ics")])
-        self.assertEqual((outcome.titles(), outcome.snapshot["skipped"]), (["one", "two"], 0))
-        self.assertEqual([meeting["start"] for meeting in outcome.snapshot["events"]], [int(NOW) + 3600, int(NOW) + 7200])
+        self.assertEqual((outcome.titles(), outcome.snapshot["skipped"]), (["one", "two", "three"], 0))
+        self.assertEqual([meeting["start"] for meeting in outcome.snapshot["events"]],
+                         [int(NOW) + 3600, int(NOW) + 7200, int(NOW) + 10800])
         self.assertEqual(outcome.snapshot["calendars"][0], {"id": "Here/crew", "name": "crew", "account": "Here"})
         self.assertEqual(self.snapshot().snapshot["skipped"], 0)
 
