@@ -39,7 +39,7 @@ constexpr std::array denied{
     "capset", "sethostname", "setdomainname"};
 
 /// What the C library makes files with, beside openat.
-constexpr std::array making{"mkdirat", "symlinkat"};
+constexpr std::array makingCalls{"mkdirat", "symlinkat"};
 
 using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
 
@@ -77,7 +77,7 @@ void denySystemCalls(FileCalls allowed)
     denyWriting(filter, "open", 1);
     if (allowed == FileCalls::read) {
         denyWriting(filter, "openat", 2);
-        for (const char *call : making)
+        for (const char *call : makingCalls)
             add(filter, SCMP_ACT_ERRNO(EPERM), call);
     }
     // Their arguments lie in memory, where no filter looks; the C library has older calls to fall back on.

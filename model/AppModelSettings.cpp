@@ -16,7 +16,7 @@ namespace quorvane {
 namespace {
 
 const QString notWritten = SettingsWords::notWritten.toString();
-const QString keyringFailed = u"Keychain could not save the credentials."_s;
+const QString credentialsFailed = u"Keychain could not save the credentials."_s;
 
 SettingsOutcome problem(const QString &text)
 {
@@ -101,7 +101,7 @@ QCoro::Task<SettingsOutcome> AppModel::saveCredentials(CredentialEdits edits)
     const bool isPhoneEdited = edits.pushoverUser || edits.pushoverToken;
     const bool isStored = co_await storeCredentials(edits);
     if (!isStored)
-        co_return problem(keyringFailed);
+        co_return problem(credentialsFailed);
     if (!self)
         co_return std::move(outcome);
     if (edits.serverToken)
@@ -161,7 +161,7 @@ QCoro::Task<SettingsOutcome> AppModel::saveServer(QString url, CredentialEdits e
         co_return std::move(outcome);
     m_isServerChanging = false;
     if (!isStored)
-        co_return problem(keyringFailed);
+        co_return problem(credentialsFailed);
     const Result<void> written = m_settings.setServerURL(address);
     if (!written)
         co_return problem(notWritten);

@@ -17,8 +17,6 @@ namespace {
 /// The longest piece, in bytes.
 constexpr qint64 longestPiece = 262'144;
 
-constexpr int partialContent = 206;
-
 } // namespace
 
 DownloadStream::DownloadStream(const HttpsRequest &request, ServerTrust trust, const QNetworkProxy &proxy,

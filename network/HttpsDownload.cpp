@@ -18,7 +18,6 @@ namespace quorvane {
 namespace {
 
 constexpr int completeContent = 200;
-constexpr int partialContent = 206;
 constexpr int rangeNotSatisfiable = 416;
 
 constexpr std::chrono::milliseconds proxyTime{3'000};
@@ -110,7 +109,8 @@ QCoro::Task<Result<HttpsDownload::Answer>> HttpsDownload::askFromWhereItStood(Do
     if (!rest)
         co_return Failure(rest.error());
     const Answer &stream = *rest;
-    const bool isOther = stream->status() == partialContent && stream->partBegin() != request.offset;
+    const bool isOther =
+        stream->status() == DownloadStream::partialContent && stream->partBegin() != request.offset;
     if (request.offset == 0 || (!isOther && stream->status() != rangeNotSatisfiable))
         co_return Answer(stream);
     stream->cancel();

@@ -15,7 +15,7 @@
 namespace quorvane {
 namespace {
 
-constexpr std::size_t blockSize = 65'536;
+constexpr std::size_t readSize = 65'536;
 /// The filter that has the file's own bytes.
 constexpr int innermost = -1;
 
@@ -41,7 +41,7 @@ bool CompressedStream::open()
            archive_read_support_filter_gzip(reader) == ARCHIVE_OK &&
            archive_read_support_filter_zstd(reader) == ARCHIVE_OK &&
            archive_read_support_format_raw(reader) == ARCHIVE_OK &&
-           archive_read_open_fd(reader, m_file.value(), blockSize) == ARCHIVE_OK &&
+           archive_read_open_fd(reader, m_file.value(), readSize) == ARCHIVE_OK &&
            archive_read_next_header(reader, &everything) == ARCHIVE_OK &&
            // The file itself, and what it is compressed by.
            archive_filter_count(reader) == 2;

@@ -11,13 +11,13 @@ namespace quorvane {
 
 namespace {
 
-constexpr uint32_t knownVersion = 4;
+constexpr uint32_t knownShell = 4;
 
 } // namespace
 
 std::unique_ptr<LayerShell> LayerShell::bind()
 {
-    std::unique_ptr<WaylandGlobal> global = WaylandGlobal::bind(zwlr_layer_shell_v1_interface, knownVersion);
+    std::unique_ptr<WaylandGlobal> global = WaylandGlobal::bind(zwlr_layer_shell_v1_interface, knownShell);
     return global ? std::unique_ptr<LayerShell>(new LayerShell(std::move(global))) : nullptr;
 }
 

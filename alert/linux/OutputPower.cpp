@@ -17,14 +17,14 @@ namespace quorvane {
 
 namespace {
 
-constexpr uint32_t knownVersion = 1;
+constexpr uint32_t knownManager = 1;
 
 } // namespace
 
 std::unique_ptr<OutputPower> OutputPower::bind()
 {
     std::unique_ptr<WaylandGlobal> manager =
-        WaylandGlobal::bind(zwlr_output_power_manager_v1_interface, knownVersion);
+        WaylandGlobal::bind(zwlr_output_power_manager_v1_interface, knownManager);
     return manager ? std::unique_ptr<OutputPower>(new OutputPower(std::move(manager))) : nullptr;
 }
 

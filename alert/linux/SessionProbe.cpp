@@ -14,15 +14,15 @@ namespace quorvane {
 
 namespace {
 
-void noteGlobal(void *data, wl_registry *, uint32_t, const char *interface, uint32_t)
+void noteInterface(void *data, wl_registry *, uint32_t, const char *interface, uint32_t)
 {
     auto *probe = static_cast<SessionProbe *>(data);
     probe->hasLayerShell |= std::strcmp(interface, "zwlr_layer_shell_v1") == 0;
 }
 
-void noteRemoval(void *, wl_registry *, uint32_t) {}
+void passOver(void *, wl_registry *, uint32_t) {}
 
-constexpr wl_registry_listener registryListener = {.global = noteGlobal, .global_remove = noteRemoval};
+constexpr wl_registry_listener interfaceListener = {.global = noteInterface, .global_remove = passOver};
 
 } // namespace
 
@@ -45,7 +45,7 @@ SessionProbe SessionProbe::run()
     if (display == nullptr)
         return probe;
     wl_registry *registry = wl_display_get_registry(display);
-    wl_registry_add_listener(registry, &registryListener, &probe);
+    wl_registry_add_listener(registry, &interfaceListener, &probe);
     probe.hasWayland = wl_display_roundtrip(display) >= 0;
     wl_registry_destroy(registry);
     wl_display_disconnect(display);

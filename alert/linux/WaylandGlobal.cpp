@@ -22,7 +22,7 @@ struct Search
     wl_proxy *found = nullptr;
 };
 
-void noteGlobal(void *data, wl_registry *registry, uint32_t name, const char *interface, uint32_t version)
+void bindWanted(void *data, wl_registry *registry, uint32_t name, const char *interface, uint32_t version)
 {
     auto *search = static_cast<Search *>(data);
     if (search->found != nullptr || std::strcmp(interface, search->interface.name) != 0)
@@ -33,7 +33,7 @@ void noteGlobal(void *data, wl_registry *registry, uint32_t name, const char *in
 
 void noteRemoval(void *, wl_registry *, uint32_t) {}
 
-constexpr wl_registry_listener registryListener = {.global = noteGlobal, .global_remove = noteRemoval};
+constexpr wl_registry_listener registryListener = {.global = bindWanted, .global_remove = noteRemoval};
 
 } // namespace
 

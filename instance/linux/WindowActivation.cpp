@@ -30,9 +30,9 @@ quint32 timeOf(const QString &startupId)
 void setUserTime(quint32 time)
 {
     QPlatformNativeInterface *native = QGuiApplication::platformNativeInterface();
-    for (const char *name : {"setapptime", "setappusertime"}) {
+    for (const char *setter : {"setapptime", "setappusertime"}) {
         const auto function =
-            reinterpret_cast<QFunctionPointer>(native->nativeResourceFunctionForScreen(name));
+            reinterpret_cast<QFunctionPointer>(native->nativeResourceFunctionForScreen(setter));
         if (const auto set = reinterpret_cast<SetTime>(function))
             set(QGuiApplication::primaryScreen(), time);
     }

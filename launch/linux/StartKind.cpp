@@ -9,12 +9,12 @@ namespace quorvane {
 
 namespace {
 
-constexpr const char *variable = "QUORVANE_START";
+constexpr const char *startVariable = "QUORVANE_START";
 
 StartKind takeStartKind()
 {
-    const QByteArray said = qgetenv(variable);
-    qunsetenv(variable);
+    const QByteArray said = qgetenv(startVariable);
+    qunsetenv(startVariable);
     if (said == "agent")
         return StartKind::agent;
     return said == "login" ? StartKind::login : StartKind::person;
