@@ -7,6 +7,7 @@
 #include "calendars/ical/EventNotes.h"
 #include "calendars/ical/IcalText.h"
 #include "calendars/ical/LinkUnwrapper.h"
+#include "calendars/records/EventMeetings.h"
 #include "core/Meeting.h"
 
 #include <algorithm>
@@ -77,6 +78,7 @@ CalendarEvent EventAdapter::describe(icalcomponent *event, const QString &fallba
     setLinksAndNotes(result, event);
     result.calendarId = m_calendarId;
     result.calendar = m_calendarName;
+    EventMeetings::search(result);
     return result;
 }
 

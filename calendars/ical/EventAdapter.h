@@ -17,9 +17,9 @@ public:
     /// For the events of one calendar of the user who is known by `addresses`.
     EventAdapter(QString calendarId, QString calendarName, OwnAddresses addresses);
 
-    /// All but the times, which belong to the occurrences. `url` is the conference link where one leads to a
-    /// video service; the links that find no place there are added to the notes, so that none is lost to a
-    /// search. `fallbackIdentifier` stands in for a missing UID.
+    /// All but the times, which belong to the occurrences; already searched for the join link. `url` is the
+    /// conference link where one leads to a video service; the links that find no place there are added to
+    /// the notes, so that none is lost to a search. `fallbackIdentifier` stands in for a missing UID.
     [[nodiscard]] CalendarEvent describe(icalcomponent *event, const QString &fallbackIdentifier) const;
 
 private:

@@ -34,6 +34,10 @@ struct CalendarEvent
     std::optional<QString> location;
     /// Plain text; HTML and wrapped links are already unfolded.
     std::optional<QString> notes;
+    /// Whether the three texts above have been searched for a join link, and which one they hold. Long texts
+    /// take a while, so stores search them, away from the main thread.
+    bool isSearched = false;
+    std::optional<QString> joinURL;
     /// Identifier (`CalendarOption::id`) and display name of the event's calendar.
     QString calendarId;
     QString calendar;

@@ -6,6 +6,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -19,40 +20,22 @@ bool concernsUser(const CalendarEvent &event, double now)
            event.start >= now - Meeting::graceAfterStart && event.end > event.start && !event.declinedByUser;
 }
 
-/// Finds join links; the occurrences of a series share their long texts, which are searched once.
-class LinkSearch final
+std::optional<QString> linkIn(const CalendarEvent &event)
 {
-public:
-    std::optional<QString> linkOf(const CalendarEvent &event)
-    {
-        if (!m_last || m_last->url != event.url || m_last->location != event.location ||
-            m_last->notes != event.notes)
-            m_link = search(event);
-        m_last = &event;
-        return m_link;
+    QStringList texts;
+    for (const auto &text : {event.url, event.location, event.notes}) {
+        if (text)
+            texts.append(*text);
     }
-
-private:
-    static std::optional<QString> search(const CalendarEvent &event)
-    {
-        QStringList texts;
-        for (const auto &text : {event.url, event.location, event.notes}) {
-            if (text)
-                texts.append(*text);
-        }
-        return Meeting::findJoinURL(texts.join(u'\n'));
-    }
-
-    const CalendarEvent *m_last = nullptr;
-    std::optional<QString> m_link;
-};
+    return Meeting::findJoinURL(texts.join(u'\n'));
+}
 
 QString titleOf(const CalendarEvent &event)
 {
     return event.title && !event.title->trimmed().isEmpty() ? *event.title : u"Meeting"_s;
 }
 
-Meeting meetingOf(const CalendarEvent &event, const QString &id, LinkSearch &links)
+Meeting meetingOf(const CalendarEvent &event, const QString &id)
 {
     return {
         .id = id,
@@ -60,18 +43,23 @@ Meeting meetingOf(const CalendarEvent &event, const QString &id, LinkSearch &lin
         .start = event.start,
         .end = event.end,
         .calendar = event.calendar,
-        .joinURL = links.linkOf(event),
+        .joinURL = event.isSearched ? event.joinURL : linkIn(event),
         .source = Meeting::systemSource,
     };
 }
 
 } // namespace
 
+void search(CalendarEvent &event)
+{
+    if (!std::exchange(event.isSearched, true))
+        event.joinURL = linkIn(event);
+}
+
 std::vector<Meeting> meetings(const std::vector<CalendarEvent> &events, double now)
 {
     std::vector<Meeting> result;
     QSet<QString> seen;
-    LinkSearch links;
     for (const CalendarEvent &event : events) {
         if (!concernsUser(event, now))
             continue;
@@ -80,7 +68,7 @@ std::vector<Meeting> meetings(const std::vector<CalendarEvent> &events, double n
         if (seen.contains(id))
             continue;
         seen.insert(id);
-        result.push_back(meetingOf(event, id, links));
+        result.push_back(meetingOf(event, id));
     }
     std::ranges::stable_sort(result, {}, &Meeting::start);
     return result;

@@ -164,7 +164,10 @@ void StoreBehaviourTest::linksAndNotesAreUnfolded()
     QFETCH(QString, storeName);
     const EventReading reading = read(storeName, u"linked"_s);
     QCOMPARE(reading.events.size(), 3u);
+    for (const CalendarEvent &event : reading.events)
+        QVERIFY(event.isSearched); // or else the main thread would search it
     const CalendarEvent &first = reading.events[0];
+    QCOMPARE(first.joinURL, first.url);
     QCOMPARE(first.externalIdentifier, u"1"_s);
     QCOMPARE(first.url, u"https://zoom.us/j/1?a=1,2"_s);
     QCOMPARE(first.notes, u"Hello\nhttps://meet.google.com/abc-defg-hij\nhttps://plain.example/"_s);
@@ -174,6 +177,7 @@ void StoreBehaviourTest::linksAndNotesAreUnfolded()
     QCOMPARE(second.notes, u"Read this https://a.example/?x=1&y=2\n\"now\""_s);
     const CalendarEvent &third = reading.events[2];
     QCOMPARE(third.url, u"https://plain.example/3"_s);
+    QCOMPARE(third.joinURL, u"https://zoom.us/j/3"_s);
     QCOMPARE(third.notes, u"Join here\nhttps://zoom.us/j/3\nhttps://talk.example/3"_s);
 }
 
