@@ -30,6 +30,12 @@ void cutTitle(CalendarEvent &event)
         event.title->chop(1);
 }
 
+/// What was searched for the join link is of no more use, and may be most of the memory that there is.
+void dropTexts(CalendarEvent &event)
+{
+    event.url = event.location = event.notes = std::nullopt;
+}
+
 } // namespace
 
 CacheEvents::CacheEvents(const CacheDatabase &database, const CacheCalendars &calendars,
@@ -116,6 +122,7 @@ bool CacheEvents::takeEvents(const Row &row, const std::string &content)
     const std::size_t found = read.events.size();
     std::erase_if(read.events, [](const CalendarEvent &event) { return !isIdentified(event); });
     std::ranges::for_each(read.events, cutTitle);
+    std::ranges::for_each(read.events, dropTexts);
     const bool isWhole = read.isReadable && read.unusable == 0 && read.events.size() == found;
     std::ranges::move(read.events, std::back_inserter(m_events));
     return isWhole;
