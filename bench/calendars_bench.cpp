@@ -3,6 +3,7 @@
 
 #include "calendars/linux/EvolutionStore.h"
 #include "calendars/linux/FolderStore.h"
+#include "calendars/records/EventMeetings.h"
 
 #include <QCoreApplication>
 #include <QCoroTask>
@@ -76,18 +77,23 @@ QString folderOf(int days)
     return root.filePath(QString::number(days));
 }
 
-void readOnce(CalendarStore &store, benchmark::State &state)
+EventReading readOnce(CalendarStore &store, benchmark::State &state)
 {
     QStringList ids;
     const auto calendars = QCoro::waitFor(store.calendars());
-    if (!calendars)
-        return state.SkipWithError(calendars.error().message().c_str());
+    if (!calendars) {
+        state.SkipWithError(calendars.error().message().c_str());
+        return {};
+    }
     for (const CalendarOption &option : *calendars)
         ids.append(option.id);
-    const auto reading = QCoro::waitFor(store.events(now() - 120, now() + 14 * day, ids));
-    if (!reading)
-        return state.SkipWithError(reading.error().message().c_str());
+    auto reading = QCoro::waitFor(store.events(now() - 120, now() + 14 * day, ids));
+    if (!reading) {
+        state.SkipWithError(reading.error().message().c_str());
+        return {};
+    }
     state.counters["occurrences"] = static_cast<double>(reading->events.size());
+    return *std::move(reading);
 }
 
 /// A program's first reading of a folder with a file per event.
@@ -146,6 +152,25 @@ void seedEvolution()
     write(data + u"/calendar.ics"_s, calendar(events));
 }
 
+/// What a refresh does on the main thread each time that a store has answered.
+void makingMeetingsOfTenThousandEvents(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    const QByteArray invitation =
+        QByteArray("Agenda (https://wiki.example/page?x=1) and words for us. ").repeated(70);
+    QByteArray events;
+    for (int i = 0; i < eventCount; ++i)
+        events += event(i, 14).replace("DESCRIPTION:Agenda", "DESCRIPTION:" + invitation);
+    write(folder.filePath(u"work.ics"_s), calendar(events));
+    FolderStore store({folder.path()}, {u"me@example.com"_s});
+    const auto reading = readOnce(store, state);
+    for (auto step : state) {
+        const auto meetings = EventMeetings::meetings(reading.events, now());
+        benchmark::DoNotOptimize(meetings.data());
+    }
+}
+
+BENCHMARK(makingMeetingsOfTenThousandEvents)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(readingTenThousandFromFolderCold)->Arg(730)->Arg(14)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(readingTenThousandFromFolderUnchanged)
     ->Arg(730)
