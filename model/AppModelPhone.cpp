@@ -24,6 +24,9 @@ constexpr qsizetype phoneTokenLength = 30;
 constexpr double pauseAfterFailure = 30;
 constexpr double pauseWithoutToken = 5;
 constexpr double receiptInterval = 15;
+/// Messages that are on their way at once. The service wants no more connections, and as many as a calendar
+/// may hold meetings for one minute would leave the alert no file to open.
+constexpr std::size_t messagesAtOnce = 2;
 constexpr int silencingAttempts = 5;
 constexpr std::chrono::seconds silencingPause{5};
 
@@ -38,6 +41,8 @@ void AppModel::phoneStep()
         return AlertPolicy::shouldPush(meeting, now(), m_records.value(meeting.id)) &&
                !m_phoneLink.busy.contains(meeting.id) && m_phoneLink.retryAfter.value(meeting.id) < now();
     });
+    const auto underWay = static_cast<std::size_t>(m_phoneLink.busy.size());
+    due.resize(std::min(due.size(), messagesAtOnce - std::min(messagesAtOnce, underWay)));
     for (const Meeting &meeting : due) {
         m_phoneLink.busy.insert(meeting.id);
         launch(sendPhone(meeting));
@@ -135,14 +140,17 @@ QCoro::Task<bool> AppModel::cancelMessages(QString id)
     const bool hasToken = co_await hasPhoneToken();
     if (!self)
         co_return false;
+    const std::optional<QString> receipt = m_records.value(id).receipt;
     if (hasToken) {
+        Result<void> cancelled = co_await m_services.network.cancelTag(id);
+        // The identifier of a meeting that only the user's server knows may be no tag.
+        if (self && receipt && !cancelled && cancelled.error() == NetworkError::invalidResponse)
+            cancelled = co_await m_services.network.cancel(*receipt);
         // What the service has refused it does not want to hear again; only what did not reach it is
         // repeated.
-        const auto cancelled = co_await m_services.network.cancelTag(id);
         co_return cancelled ||
             cancelled.error().category() == make_error_code(NetworkError::rejected).category();
     }
-    const std::optional<QString> receipt = m_records.value(id).receipt;
     if (m_server.isConfigured || !receipt) // nothing of ours rings, or the keyring has to answer first
         co_return !m_records.value(id).phoneSent;
     const auto cancelled = co_await m_services.network.cancel(*receipt);

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void anAnswerHereSilencesThePhoneAndTellsTheServer();
     void anAnswerWhileTheMessageIsOnItsWaySilencesIt();
     void aHangingKeyringDelaysNothing();
+    void meetingsByTheHundredAreNotSentAtOnce();
 
 private:
     static constexpr double noon = ModelFixture::noon;
@@ -167,6 +168,20 @@ void ModelPhoneTest::aHangingKeyringDelaysNothing()
     QCOMPARE(f->shown(), QString());
     f->keyring.hold.finish();
     QTRY_VERIFY(!f->model->isRefreshing());
+}
+
+void ModelPhoneTest::meetingsByTheHundredAreNotSentAtOnce()
+{
+    for (int number = 0; number < 100; ++number)
+        f->store->add(QString::number(number), noon + 100);
+    f->phone.tell({{"path"_L1, u"/1/messages.json"_s}, {"fault"_L1, u"hang"_s}});
+    f->start();
+    QTRY_COMPARE(f->model->scheduledMeetings().size(), std::size_t(100));
+    for (int second = 1; second <= 5; ++second)
+        f->tickAt(noon + second);
+    QTRY_COMPARE(f->paths(f->phone).size(), 2);
+    QTest::qWait(100);
+    QCOMPARE(f->phone.connections(), 2);
 }
 
 QTEST_MAIN(ModelPhoneTest)
