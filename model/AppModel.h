@@ -265,7 +265,7 @@ private:
     // AppModelServer.cpp: the user's own server.
     QCoro::Task<> exchangeWithServer();
     QCoro::Task<std::optional<bool>> readServerConfigured();
-    enum class UploadOutcome { notWanted, postponed, taken, failed };
+    enum class UploadOutcome { notWanted, taken, failed };
     QCoro::Task<UploadOutcome> uploadSchedule();
     QCoro::Task<> resendAcknowledgments();
     QCoro::Task<> tellServer(QString id);

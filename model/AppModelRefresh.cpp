@@ -154,7 +154,8 @@ Freshness AppModel::ownFreshness() const
 {
     if (m_fantastical.isConnected())
         return Freshness::fresh;
-    const bool storesAnswer = m_calendarAccess && m_services.calendarReader.problems().empty();
+    const CalendarReader &reader = m_services.calendarReader;
+    const bool storesAnswer = m_calendarAccess && reader.hasAnswered() && reader.problems().empty();
     const bool isMissed = !m_fantastical.wasEverConnected() && isSecondSourceExpected();
     return storesAnswer && !isMissed ? Freshness::fresh : Freshness::stale;
 }

@@ -138,14 +138,11 @@ void AppModel::silenceAcknowledged(const std::vector<Meeting> &meetings)
     }
 }
 
-// What only the server knows stays its own, or it would live there for as long as we sent it back. A schedule
-// that lacks a store which has not said anything yet must not replace a whole one.
+// What only the server knows stays its own, or it would live there for as long as we sent it back.
 QCoro::Task<AppModel::UploadOutcome> AppModel::uploadSchedule()
 {
     if (!uploadMacSnapshot())
         co_return UploadOutcome::notWanted;
-    if (!m_services.calendarReader.hasAnswered() || !m_manual.isKnown())
-        co_return UploadOutcome::postponed;
     const QPointer<AppModel> self(this);
     const int revision = m_scheduleRevision;
     const QString address = serverURL();
@@ -157,11 +154,14 @@ QCoro::Task<AppModel::UploadOutcome> AppModel::uploadSchedule()
     co_return UploadOutcome::taken;
 }
 
+// The server's copies of what was read or added here before go back to it while their source says nothing:
+// one that fails neither takes them away nor keeps what the others say from the server.
 std::vector<Meeting> AppModel::ownSchedule() const
 {
     std::vector<Meeting> own;
     std::ranges::copy_if(m_scheduledMeetings, std::back_inserter(own), [this](const Meeting &meeting) {
-        return meeting.source == Meeting::systemSource || m_ownIDs.contains(meeting.id);
+        return meeting.source == Meeting::systemSource || m_ownIDs.contains(meeting.id) ||
+               (meeting.source == Meeting::manualSource && !m_manual.isKnown());
     });
     return own;
 }

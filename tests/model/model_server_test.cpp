@@ -26,6 +26,8 @@ private Q_SLOTS:
     void whatTheServerKnowsCountsHere();
     void copiesStandInForASourceThatIsMissed();
     void anAddressWithoutATokenIsNoServer();
+    void aSourceThatNeverAnswersKeepsNothingFromTheServer();
+    void whateverItsIdentifierAMessageIsSilenced();
 
 private:
     static constexpr double noon = ModelFixture::noon;
@@ -221,6 +223,48 @@ void ModelServerTest::anAddressWithoutATokenIsNoServer()
     QTRY_COMPARE(f->paths(f->phone).size(), 2);
     QCOMPARE(f->paths(f->server), QStringList());
     QCOMPARE(f->preferences.pendingAcks(), QStringList());
+}
+
+void ModelServerTest::aSourceThatNeverAnswersKeepsNothingFromTheServer()
+{
+    f->useServer();
+    f->addSetting(u"uploadMacSnapshot=true"_s);
+    f->store->failure = std::make_error_code(std::errc::io_error);
+    const QJsonObject added = onServer(QString(64, u'a'), Meeting::manualSource);
+    const QJsonObject copy = onServer(QString(64, u'c'), Meeting::systemSource);
+    f->keyring.values.insert(Secrets::manualMeetings, QJsonDocument(QJsonArray{added}).toJson());
+    f->say(f->health(), {copy});
+    f->start();
+    QTRY_VERIFY(!f->model->isRefreshing());
+    const auto uploaded = [this] {
+        return QJsonDocument::fromJson(f->lastBody(f->server, u"/snapshot"_s).toUtf8())["events"_L1]
+            .toArray();
+    };
+    QCOMPARE(uploaded(), (QJsonArray{added, copy}));
+    QVERIFY(f->model->scheduleSynced());
+    // The same the other way round: what the keyring does not tell is not taken off the server.
+    f->keyring.values.insert(Secrets::manualMeetings, "\xff");
+    f->store->failure = {};
+    f->say(f->health(), {added, copy});
+    f->restart();
+    QTRY_VERIFY(!f->model->isRefreshing());
+    QCOMPARE(uploaded(), QJsonArray{added});
+}
+
+void ModelServerTest::whateverItsIdentifierAMessageIsSilenced()
+{
+    f->useServer();
+    f->say(PhoneFixture::health(), {onServer(u"room 5"_s, u"direct"_s)});
+    f->start();
+    QTRY_VERIFY(!f->model->isRefreshing());
+    QJsonObject broken = f->health();
+    broken.insert("delivery"_L1, u"failing"_s);
+    f->say(broken, {onServer(u"room 5"_s, u"direct"_s)});
+    f->refresh();
+    f->tickAt(noon + 10);
+    QTRY_VERIFY(f->model->records().value(u"room 5"_s).receipt);
+    launch(f->model->acknowledge(u"room 5"_s));
+    QTRY_VERIFY(f->paths(f->phone).contains(u"/1/receipts/%1/cancel.json"_s.arg(QString(30, u'R'))));
 }
 
 QTEST_MAIN(ModelServerTest)
