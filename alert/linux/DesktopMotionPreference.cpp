@@ -44,6 +44,8 @@ DesktopMotionPreference::DesktopMotionPreference(QObject *parent)
     const QString kdeFile = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
                             QStringLiteral("/kdeglobals");
     note(kdeSpace, kdeKey, QSettings(kdeFile, QSettings::IniFormat).value(QStringLiteral("KDE/") + kdeKey));
+    // By its name, or else the slot below is taken for none that a signal can be connected to.
+    qRegisterMetaType<QDBusVariant>();
     qDBusRegisterMetaType<PortalSettings>();
     QDBusConnection::sessionBus().connect(portalService, portalPath, portalInterface,
                                           QStringLiteral("SettingChanged"), this,

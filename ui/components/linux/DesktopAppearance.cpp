@@ -42,6 +42,8 @@ DesktopAppearance::DesktopAppearance(Appearance &appearance, QObject *parent)
 {
     m_appearance.startDark(isDark());
     qApp->installEventFilter(this);
+    // By its name, or else the slot below is taken for none that a signal can be connected to.
+    qRegisterMetaType<QDBusVariant>();
     qDBusRegisterMetaType<PortalSettings>();
     QDBusConnection::sessionBus().connect(portalService, portalPath, portalInterface,
                                           QStringLiteral("SettingChanged"), this,

@@ -13,6 +13,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <memory>
+
 using namespace quorvane;
 using namespace Qt::StringLiterals;
 
@@ -80,10 +82,14 @@ private Q_SLOTS:
 
 private:
     PortalService m_portal;
+    /// As at a program's start: made before anything else has shown QtDBus a type.
+    Appearance m_earlyAppearance;
+    std::unique_ptr<DesktopAppearance> m_early;
 };
 
 void DesktopAppearanceTest::initTestCase()
 {
+    m_early = std::make_unique<DesktopAppearance>(m_earlyAppearance);
     qDBusRegisterMetaType<PortalSettings>();
     QVERIFY(serviceBus().registerObject(u"/org/freedesktop/portal/desktop"_s, &m_portal,
                                         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
@@ -138,6 +144,7 @@ void DesktopAppearanceTest::aChangeIsFadedTo()
     m_portal.change(space, key, 1);
     QSignalSpy changes(&appearance, &Appearance::darkChanged);
     QTRY_VERIFY(appearance.isDark());
+    QTRY_VERIFY(m_earlyAppearance.isDark());
     QCOMPARE(changes.count(), 1);
     QVERIFY(appearance.darkness() < 1);
     QTRY_COMPARE(appearance.darkness(), 1);
