@@ -16,12 +16,13 @@ namespace quorvane {
 
 namespace {
 
-QCoro::Task<bool> holdsCache(QString folder)
+/// Absent when the folder does not answer in time; the look is counted in `overdue` then.
+QCoro::Task<std::optional<bool>> holdsCache(QString folder, std::shared_ptr<int> overdue)
 {
     const QString file = QDir(folder).filePath(FantasticalCache::fileName);
     const std::function<bool()> isThere = [file] { return QFileInfo(file).isFile(); };
-    const std::optional<bool> answer = co_await offThread(isThere, folderAnswerTime);
-    co_return answer.value_or(false);
+    const std::optional<bool> answer = co_await offThread(isThere, folderAnswerTime, overdue);
+    co_return std::optional<bool>(answer);
 }
 
 } // namespace
@@ -33,6 +34,14 @@ FantasticalAccess::FantasticalAccess(const QString &home, FolderChooser &chooser
     , m_chooser(chooser)
     , m_store(std::move(store))
 {
+}
+
+QCoro::Task<bool> FantasticalAccess::isCacheExpected() const
+{
+    if (*m_overdue > 0)
+        co_return true;
+    const std::optional<bool> isThere = co_await holdsCache(m_defaultDirectory, m_overdue);
+    co_return isThere.value_or(true);
 }
 
 QString FantasticalAccess::explanation()
@@ -63,8 +72,8 @@ QCoro::Task<bool> FantasticalAccess::askAndStore()
     if (!answer || !*answer)
         co_return false;
     const QString folder = **answer;
-    const bool isRight = co_await holdsCache(folder);
-    if (!isRight || !self)
+    const std::optional<bool> isRight = co_await holdsCache(folder, std::make_shared<int>(0));
+    if (!isRight.value_or(false) || !self)
         co_return false;
     co_return m_store(folder).has_value();
 }

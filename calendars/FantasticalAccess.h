@@ -11,6 +11,8 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
+#include <optional>
 
 namespace quorvane {
 
@@ -29,6 +31,9 @@ public:
     /// Where the cache is expected, whether or not it is there.
     [[nodiscard]] const QString &defaultDirectory() const { return m_defaultDirectory; }
 
+    /// Whether the cache is there, or may be: the folder does not answer within some seconds.
+    [[nodiscard]] QCoro::Task<bool> isCacheExpected() const;
+
     /// What the user is told about the choice; to be shown beside the button that leads to `chooseFolder`.
     [[nodiscard]] static QString explanation();
 
@@ -44,6 +49,8 @@ private:
     FolderChooser &m_chooser;
     Store m_store;
     bool m_isChoosing = false;
+    /// Looks into the default folder that hang: they are not to pile up.
+    std::shared_ptr<int> m_overdue = std::make_shared<int>(0);
 };
 
 } // namespace quorvane

@@ -90,6 +90,9 @@ void FantasticalAccessTest::thePersonIsAskedForTheDatabaseFolder()
     QVERIFY(start.startsWith(home->path() + u"/Library/Group Containers/"_s));
     QVERIFY(start.endsWith(u"/Database"_s));
     QCOMPARE(access->defaultDirectory(), start);
+    QVERIFY(!QCoro::waitFor(access->isCacheExpected()));
+    make(QDir(home->path()).relativeFilePath(start) + u"/Fantastical-8.fcdata"_s);
+    QVERIFY(QCoro::waitFor(access->isCacheExpected()));
 }
 
 void FantasticalAccessTest::onlyAFolderWithTheCacheIsStored_data()
