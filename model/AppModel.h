@@ -250,6 +250,7 @@ private:
     // AppModelRefresh.cpp: reading and its outcome.
     QCoro::Task<> refreshSince(int count);
     QCoro::Task<> readFantastical(QStringList excluded);
+    QCoro::Task<> lookForCache();
     void applyStores();
     void applyReading();
     void endRefresh();
@@ -322,6 +323,8 @@ private:
     QString m_status;
     bool m_calendarAccess = false;
     FantasticalSource m_fantastical;
+    /// Whether the second source may be there without having been chosen.
+    bool m_isCacheExpected = false;
     QString m_fantasticalStatus;
     std::optional<QDateTime> m_lastRefresh;
     QString m_cloudStatus;

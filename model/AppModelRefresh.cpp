@@ -4,11 +4,9 @@
 #include "model/AppModel.h"
 
 #include "async/Launch.h"
-#include "calendars/records/FantasticalCache.h"
 #include "core/UnixTime.h"
 #include "model/SourceStatus.h"
 
-#include <QFileInfo>
 #include <QPointer>
 
 #include <algorithm>
@@ -94,6 +92,8 @@ void AppModel::requestRefresh()
 QCoro::Task<> AppModel::readFantastical(QStringList excluded)
 {
     const QPointer<AppModel> self(this);
+    if (!m_fantastical.wasEverConnected())
+        launch(lookForCache());
     m_fantastical.begin();
     Result<FantasticalSnapshot> outcome = co_await m_services.fantasticalReader.read(excluded);
     if (!self)
@@ -104,6 +104,15 @@ QCoro::Task<> AppModel::readFantastical(QStringList excluded)
         m_lastSuccessfulRead = UnixTime::moment(now());
     if (before != fantasticalCalendars())
         Q_EMIT calendarsChanged();
+    applyReading();
+}
+
+QCoro::Task<> AppModel::lookForCache()
+{
+    const QPointer<AppModel> self(this);
+    const bool isExpected = co_await m_services.fantasticalAccess.isCacheExpected();
+    if (!self || std::exchange(m_isCacheExpected, isExpected) == isExpected)
+        co_return;
     applyReading();
 }
 
@@ -162,9 +171,7 @@ Freshness AppModel::ownFreshness() const
 
 bool AppModel::isSecondSourceExpected() const
 {
-    return !m_services.preferences.fantasticalFolder().isEmpty() ||
-           QFileInfo::exists(m_services.fantasticalAccess.defaultDirectory() + u'/' +
-                             FantasticalCache::fileName);
+    return !m_services.preferences.fantasticalFolder().isEmpty() || m_isCacheExpected;
 }
 
 void AppModel::collectEvents(std::vector<Meeting> events)

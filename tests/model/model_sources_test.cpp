@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "calendars/CalendarError.h"
+#include "model/SourceList.h"
 #include "tests/support/ModelFixture.h"
 
 #include <QTest>
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void aHangingReaderDelaysNoAlert();
     void aChangeDuringARefreshLeadsToOneMore();
     void choosingAFolderReadsIt();
+    void aCacheThatNobodyChoseIsExpectedToo();
 
 private:
     static constexpr double noon = ModelFixture::noon;
@@ -280,6 +282,17 @@ void ModelSourcesTest::choosingAFolderReadsIt()
     launch(f->model->connectFantastical());
     QTRY_COMPARE(f->fantastical->runs(), before + 1);
     QCOMPARE(f->preferences.fantasticalFolder(), f->cacheFolder());
+}
+
+void ModelSourcesTest::aCacheThatNobodyChoseIsExpectedToo()
+{
+    f->start();
+    QTRY_VERIFY(!f->model->isRefreshing());
+    QCOMPARE(f->model->sources().size(), std::size_t(1));
+    f->addDefaultCache();
+    refresh();
+    QTRY_COMPARE(f->model->sources().size(), std::size_t(2));
+    QCOMPARE(SourceList::failing(f->model->sources()), 1);
 }
 
 QTEST_MAIN(ModelSourcesTest)

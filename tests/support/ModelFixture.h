@@ -13,6 +13,7 @@
 #include "tests/support/ScriptedRunner.h"
 #include "tests/support/ScriptedStore.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -104,6 +105,15 @@ public:
         QFile file(dir.filePath(FantasticalCache::fileName));
         [&] { QVERIFY(file.open(QIODevice::WriteOnly)); }();
         return dir.path();
+    }
+
+    /// A cache file where it is looked for without having been chosen.
+    void addDefaultCache() const
+    {
+        const QString folder = fantasticalAccess.defaultDirectory();
+        QVERIFY(QDir().mkpath(folder));
+        QFile file(folder + u'/' + FantasticalCache::fileName);
+        QVERIFY(file.open(QIODevice::WriteOnly));
     }
 
     void addSetting(const QString &line) const
