@@ -140,7 +140,7 @@ void AppModel::keepChoices()
     if (!isWritten(m_settings.keepChoices()))
         return;
     // Only while every source has its say: what is not known then is over.
-    if (ownFreshness() == Freshness::stale || !m_manual.isKnown())
+    if (ownFreshness() == Freshness::stale || !m_services.calendarReader.hasAnswered() || !m_manual.isKnown())
         return;
     QSet<QString> known;
     for (const Meeting &meeting : m_calendarEvents)

@@ -160,8 +160,15 @@ std::vector<Meeting> AppModel::ownSchedule() const
 {
     std::vector<Meeting> own;
     std::ranges::copy_if(m_scheduledMeetings, std::back_inserter(own), [this](const Meeting &meeting) {
-        return meeting.source == Meeting::systemSource || m_ownIDs.contains(meeting.id) ||
-               (meeting.source == Meeting::manualSource && !m_manual.isKnown());
+        return meeting.source == Meeting::systemSource || m_ownIDs.contains(meeting.id);
+    });
+    const bool areStoresKnown = m_services.calendarReader.hasAnswered();
+    std::ranges::copy_if(m_server.meetings, std::back_inserter(own), [&](const Meeting &copy) {
+        const bool isMissed = copy.source == Meeting::systemSource
+                                  ? !areStoresKnown
+                                  : copy.source == Meeting::manualSource && !m_manual.isKnown();
+        return isMissed && isScheduled(copy) && copy.eligible(now()) && !m_manual.wasRemoved(copy.id) &&
+               std::ranges::find(own, copy.id, &Meeting::id) == own.end();
     });
     return own;
 }

@@ -242,6 +242,11 @@ void ModelServerTest::aSourceThatNeverAnswersKeepsNothingFromTheServer()
     };
     QCOMPARE(uploaded(), (QJsonArray{added, copy}));
     QVERIFY(f->model->scheduleSynced());
+    f->installReader(); // and the second source has its say
+    f->fantastical->answer(FantasticalSnapshot{});
+    f->refresh();
+    QVERIFY(f->model->fantasticalConnected());
+    QCOMPARE(uploaded(), (QJsonArray{added, copy}));
     // The same the other way round: what the keyring does not tell is not taken off the server.
     f->keyring.values.insert(Secrets::manualMeetings, "\xff");
     f->store->failure = {};
