@@ -36,8 +36,9 @@ void keepMemoryPrivate()
         limit.rlim_cur = limit.rlim_max < 1 ? limit.rlim_max : 1;
         ::setrlimit(RLIMIT_CORE, &limit);
     }
-    // They would print every value that the keyring hands over, and the calendar service's events.
-    for (const char *variable : {"QDBUS_DEBUG", "G_DBUS_DEBUG", "G_MESSAGES_DEBUG"})
+    // They would print every value that the keyring hands over, the calendar service's events, and the titles
+    // of windows.
+    for (const char *variable : {"QDBUS_DEBUG", "G_DBUS_DEBUG", "G_MESSAGES_DEBUG", "WAYLAND_DEBUG"})
         qunsetenv(variable);
     filterByRules = QLoggingCategory::installFilter(filter);
 }
