@@ -65,11 +65,17 @@ void HttpsClientTest::onlyAGoodAnswerCounts_data()
     QTest::addColumn<int>("length");
     for (const int status : {200, 204, 299})
         QTest::addRow("%d", status) << QJsonObject{{u"status"_s, status}} << success << 0;
-    const QJsonObject enticing{{u"Location"_s, u"/elsewhere"_s},
-                               {u"WWW-Authenticate"_s, u"Basic realm=\"a\""_s}};
-    for (const int status : {300, 301, 302, 303, 304, 307, 308, 400, 401, 404, 407, 429, 500})
+    const QJsonObject enticing{{u"Location"_s, u"/elsewhere"_s}};
+    for (const int status : {300, 301, 302, 303, 304, 307, 308, 400, 404, 429, 500})
         QTest::addRow("%d", status) << QJsonObject{{u"status"_s, status}, {u"headers"_s, enticing}}
                                     << rejected << 0;
+    for (const auto *scheme : {"Basic realm=\"a\"", "Digest realm=\"a\", nonce=\"b\"", "NTLM", "Negotiate"}) {
+        const QJsonObject question{{u"WWW-Authenticate"_s, QLatin1StringView(scheme)},
+                                   {u"Proxy-Authenticate"_s, QLatin1StringView(scheme)}};
+        for (const int status : {401, 407})
+            QTest::addRow("%d, %s", status, scheme)
+                << QJsonObject{{u"status"_s, status}, {u"headers"_s, question}} << rejected << 0;
+    }
     for (const bool isTold : {true, false}) {
         const QJsonObject most{{u"size"_s, 8'000'000}, {u"length"_s, isTold}};
         const QJsonObject more{{u"size"_s, 8'000'001}, {u"length"_s, isTold}};
