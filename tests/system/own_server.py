@@ -9,7 +9,7 @@ import shutil
 import sys
 
 from harness import Event, SystemTest, main, seconds_from_now, start_keyring, store_secret, wait_until
-from desktop import SwayDesktop
+from desktop import MutterDesktop, SwayDesktop
 
 SUPPORT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../support")
 sys.path.insert(0, SUPPORT)
@@ -52,14 +52,15 @@ class OwnServer(SystemTest):
             (request.split(" ", 5)[-1] for request in self.server.log["requests"] if wanted in request), None), seconds)
 
     def test_the_server_is_told_and_nobody_else(self):
-        desktop = SwayDesktop(sizes=((1280, 720),))
+        desktop = MutterDesktop()  # where panels are windows, with a title
         program = self.start(desktop, QT_LOGGING_RULES="*=true;quorvane.alert.debug=true", QDBUS_DEBUG="1",
-                             G_DBUS_DEBUG="all", G_MESSAGES_DEBUG="all")
+                             G_DBUS_DEBUG="all", G_MESSAGES_DEBUG="all", WAYLAND_DEBUG="1")
         self.wait_request("GET /state")
         event = self.meeting_soon(program, TITLE, location=LINK)
         uploaded = json.loads(self.wait_request(TITLE))
         self.assertEqual([meeting["id"] for meeting in uploaded["events"]], [event.meeting_id()])
         self.assert_alerts_on_time(program, event)
+        self.assert_alert_on_every_display(desktop)
         desktop.press("Return")
         program.wait_acknowledged(event.meeting_id())
         self.assertEqual(json.loads(self.wait_request("POST /ack")), {"id": event.meeting_id()})
