@@ -10,6 +10,7 @@
 
 #include <QElapsedTimer>
 #include <QTest>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <memory>
@@ -341,6 +342,7 @@ void SoakTest::settle()
 bool SoakTest::isBusy() const
 {
     return ProcessFigures::requests() > m_phone->peer.held() ||
+           QThreadPool::globalInstance()->activeThreadCount() > 0 || // which decodes what has come
            (f->model->isRefreshing() && !m_weather->isRefreshHeld());
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -26,14 +27,21 @@ namespace quorvane::ProcessFigures {
     return used.uordblks + used.hblkhd;
 }
 
-/// HTTP requests under way: Qt has a thread of this name for each of our requests.
+/// HTTP requests under way: Qt has a thread of this name for each of our requests. One that has just begun
+/// goes by the program's name still and is counted too, whatever becomes of it.
 [[nodiscard]] inline qsizetype requests()
 {
     const QString tasks = QStringLiteral("/proc/self/task/");
+    const auto nameOf = [&](const QString &thread) {
+        QFile name(tasks + thread + QStringLiteral("/comm"));
+        return name.open(QIODevice::ReadOnly) ? name.readAll() : QByteArray();
+    };
+    const QString first = QString::number(QCoreApplication::applicationPid());
+    const QByteArray program = nameOf(first);
     const QStringList threads = QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     return std::ranges::count_if(threads, [&](const QString &thread) {
-        QFile name(tasks + thread + QStringLiteral("/comm"));
-        return name.open(QIODevice::ReadOnly) && name.readAll().startsWith("QNetworkAccess");
+        const QByteArray name = nameOf(thread);
+        return name.startsWith("QNetworkAccess") || (name == program && thread != first);
     });
 }
 
