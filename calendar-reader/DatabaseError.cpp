@@ -14,8 +14,9 @@ FantasticalReadError databaseError(sqlite3 *database, int code)
     case SQLITE_ERROR:
         return FantasticalReadError::unsupportedFormat;
     case SQLITE_CANTOPEN:
-        return number == EACCES || number == EPERM ? FantasticalReadError::accessDenied
-                                                   : FantasticalReadError::databaseUnavailable;
+        // Not EPERM: that is what our own confinement says to calls that SQLite can do without.
+        return number == EACCES ? FantasticalReadError::accessDenied
+                                : FantasticalReadError::databaseUnavailable;
     case SQLITE_NOMEM:
     case SQLITE_INTERRUPT:
         return FantasticalReadError::helperFailed;

@@ -4,6 +4,7 @@
 """The reader beside programs that write the cache: it sees each commit whole, waits for no log and writes nothing."""
 import os
 import sqlite3
+import struct
 import subprocess
 import sys
 import threading
@@ -128,6 +129,20 @@ class Writers(ReaderTest):
         places = dict(self.places())
         os.chmod(f"{self.path}-wal", 0o200)
         self.assert_fails(self.read(before=places["without the right to write"]), "access_denied")
+
+    def test_a_log_of_another_version_is_no_question_of_rights(self):
+        self.make(event("early"))
+        self.end(self.writer("WAL", INSERT, event("late")))
+        with open(f"{self.path}-wal", "r+b") as log:
+            words = list(struct.unpack("<6I", log.read(24)))
+            words[1] = 0x01020304
+            header, sums = struct.pack("<6I", *words), [0, 0]
+            # https://www.sqlite.org/fileformat2.html#checksum_algorithm
+            for number, word in enumerate(struct.unpack("<6I" if header[3] == 0x82 else ">6I", header)):
+                sums[number % 2] = (sums[number % 2] + word + sums[1 - number % 2]) % 2**32
+            log.seek(0)
+            log.write(header + struct.pack(">2I", *sums))
+        self.assert_fails(self.read(), "database_unavailable")
 
     def test_the_newest_commit_tells_how_old_the_cache_is(self):
         self.make(event("early"))
