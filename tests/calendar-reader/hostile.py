@@ -123,7 +123,8 @@ class Hostile(ReaderTest):
             for number in range(4_000):
                 self.add(database, event(f"{number}", "DESCRIPTION:" + "words and more " * 1_400), number)
         self.assertGreater(os.path.getsize(self.path), 80_000_000)
-        outcome = self.read(before=[sys.executable, "-c", PEAK], env={**ENVIRONMENT, "ASAN_OPTIONS": "quarantine_size_mb=1"})
+        environment = {**ENVIRONMENT, "ASAN_OPTIONS": "quarantine_size_mb=1"}
+        outcome = self.read(before=[sys.executable, "-c", PEAK], env=environment)
         self.assertEqual((outcome.status, len(outcome.titles())), (0, 4_000))
         self.assertLess(int(outcome.error) / 1024, 150 if SANITIZED else 60)
 
