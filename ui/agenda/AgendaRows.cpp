@@ -4,6 +4,7 @@
 #include "ui/agenda/AgendaRows.h"
 
 #include "ui/agenda/AgendaText.h"
+#include "ui/agenda/MeetingRows.h"
 #include "ui/format/MeetingFormat.h"
 
 #include <QDateTime>
@@ -26,6 +27,8 @@ constexpr double farOff = 315'360'000;
 void setTexts(MeetingRow &row, const Meeting &meeting)
 {
     row.meeting = meeting;
+    row.title = AgendaText::line(meeting.title);
+    row.calendar = AgendaText::line(meeting.calendar);
     row.times = MeetingFormat::timeRange(meeting);
     row.start = MeetingFormat::clockTime(meeting.start);
     row.duration = MeetingFormat::duration(meeting);
@@ -36,6 +39,8 @@ void setTexts(MeetingRow &row, const Meeting &meeting)
 void takeTexts(MeetingRow &row, const MeetingRow &known)
 {
     row.meeting = known.meeting;
+    row.title = known.title;
+    row.calendar = known.calendar;
     row.times = known.times;
     row.start = known.start;
     row.duration = known.duration;
@@ -62,8 +67,8 @@ MeetingRow rowOf(const Meeting &meeting, const AgendaContent &content, const Kno
 
 QString spoken(const MeetingRow &row)
 {
-    const QString now = row.isNow ? u"Now"_s : QString();
-    return AgendaText::spoken({row.dayTitle, row.title(), now, row.times, row.duration, row.calendar()});
+    const QString now = row.isNow ? MeetingRows::tr("Now") : QString();
+    return AgendaText::spoken({row.dayTitle, row.title, now, row.times, row.duration, row.calendar});
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include "ui/format/MeetingFormat.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QLocale>
 
@@ -15,6 +16,11 @@ using namespace Qt::StringLiterals;
 namespace quorvane::AgendaText {
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(AgendaText)
+};
 
 constexpr qint64 minutesPerHour = 60;
 constexpr qint64 minutesPerDay = 24 * minutesPerHour;
@@ -52,12 +58,12 @@ QString ago(double seconds)
 {
     const auto minutes = static_cast<qint64>(std::max(0.0, seconds) / 60);
     if (minutes < 1)
-        return u"just now"_s;
+        return Words::tr("just now");
     if (minutes < minutesPerHour)
-        return u"%1 min ago"_s.arg(minutes);
+        return Words::tr("%1 min ago").arg(minutes);
     if (minutes < minutesPerDay)
-        return u"%1 h ago"_s.arg(minutes / minutesPerHour);
-    return MeetingFormat::plural(minutes / minutesPerDay, u"day"_s) + u" ago"_s;
+        return Words::tr("%1 h ago").arg(minutes / minutesPerHour);
+    return Words::tr("%1 ago").arg(MeetingFormat::plural(minutes / minutesPerDay, Words::tr("day")));
 }
 
 QString dialTime(double time)
@@ -71,6 +77,11 @@ double minuteAngle(double time)
 {
     const QTime clock = local(time).time();
     return 6 * (clock.minute() + (clock.second() + clock.msec() / 1000.0) / 60.0);
+}
+
+QString line(const QString &text)
+{
+    return text.simplified();
 }
 
 QString spoken(const QStringList &parts)

@@ -25,6 +25,9 @@ namespace quorvane::AgendaText {
 /// Where the minute hand stands at a Unix time: degrees from twelve o'clock, clockwise, in [0, 360).
 [[nodiscard]] double minuteAngle(double time);
 
+/// A text from elsewhere on one line.
+[[nodiscard]] QString line(const QString &text);
+
 /// What is not empty of `parts`, as a screen reader shall say it.
 [[nodiscard]] QString spoken(const QStringList &parts);
 

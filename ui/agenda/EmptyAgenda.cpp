@@ -10,8 +10,6 @@
 #include <algorithm>
 #include <iterator>
 
-using namespace Qt::StringLiterals;
-
 namespace quorvane {
 
 namespace {
@@ -19,42 +17,45 @@ namespace {
 EmptyFace reading()
 {
     return {.isShown = true,
-            .title = u"Reading your calendars…"_s,
-            .text = u"Meetings appear here as each calendar answers."_s};
+            .title = EmptyAgenda::tr("Reading your calendars…"),
+            .text = EmptyAgenda::tr("Meetings appear here as each calendar answers.")};
 }
 
 EmptyFace noMeetings()
 {
     return {.isShown = true,
-            .title = u"No meetings in the next 14 days"_s,
-            .text =
-                u"What is added to your calendars appears here by itself. Anything else you must not miss "
-                "can be added by hand."_s,
+            .title = EmptyAgenda::tr("No meetings in the next 14 days"),
+            .text = EmptyAgenda::tr(
+                "What is added to your calendars appears here by itself. Anything else you must not miss "
+                "can be added by hand."),
             .offersAdd = true};
 }
 
 EmptyFace unreadable(const QString &status)
 {
-    return {.isShown = true, .title = u"Your calendars do not answer"_s, .text = status, .offersAdd = true};
+    return {.isShown = true,
+            .title = EmptyAgenda::tr("Your calendars do not answer"),
+            .text = status,
+            .offersAdd = true};
 }
 
 /// The first step that has not been taken, in words.
 void describe(EmptyFace &face)
 {
     if (face.step == 1) {
-        face.title = u"Nothing on the horizon"_s;
-        face.text =
-            u"Connect a calendar and its meetings appear here. Anything else you must not miss can be "
-            "added by hand."_s;
+        face.title = EmptyAgenda::tr("Nothing on the horizon");
+        face.text = EmptyAgenda::tr(
+            "Connect a calendar and its meetings appear here. Anything else you must not miss can be "
+            "added by hand.");
     } else if (face.step == 2) {
-        face.title = u"No meetings in the next 14 days"_s;
-        face.text =
-            u"Your calendars are connected. Add a meeting by hand, or see now what an alert looks like."_s;
+        face.title = EmptyAgenda::tr("No meetings in the next 14 days");
+        face.text = EmptyAgenda::tr(
+            "Your calendars are connected. Add a meeting by hand, or see now what an alert looks like.");
     } else {
-        face.title = u"You will not miss these"_s;
-        face.text =
-            u"See what an alert looks like before the first one comes. It covers every display with a "
-            "sample meeting."_s;
+        face.title = EmptyAgenda::tr("You will not miss these");
+        face.text = EmptyAgenda::tr(
+            "See what an alert looks like before the first one comes. It covers every display with a "
+            "sample meeting.");
     }
 }
 
@@ -156,10 +157,10 @@ EmptyFace EmptyAgenda::steps() const
     face.isMeetingDone = meetings > 0;
     face.step = face.isMeetingDone ? 3 : face.isCalendarDone ? 2 : 1;
     face.calendarStep = face.isCalendarDone
-                            ? MeetingFormat::plural(calendars, u"calendar"_s) + u" connected"_s
-                            : u"Connect a calendar"_s;
-    face.meetingStep = face.isMeetingDone ? MeetingFormat::plural(meetings, u"meeting"_s) + u" found"_s
-                                          : u"Have a meeting"_s;
+                            ? tr("%1 connected").arg(MeetingFormat::plural(calendars, tr("calendar")))
+                            : tr("Connect a calendar");
+    face.meetingStep = face.isMeetingDone ? tr("%1 found").arg(MeetingFormat::plural(meetings, tr("meeting")))
+                                          : tr("Have a meeting");
     face.offersConnect = face.step == 1;
     face.offersAdd = face.step < 3;
     face.offersPreview = face.step > 1;

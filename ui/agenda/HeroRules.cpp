@@ -6,12 +6,11 @@
 #include "core/UnixTime.h"
 #include "ui/agenda/AgendaRows.h"
 #include "ui/agenda/AgendaText.h"
+#include "ui/agenda/NextMeeting.h"
 #include "ui/format/MeetingFormat.h"
 
 #include <algorithm>
 #include <cmath>
-
-using namespace Qt::StringLiterals;
 
 namespace quorvane::HeroRules {
 
@@ -68,9 +67,10 @@ void setLight(HeroFace &face, const std::optional<QDateTime> &pausedUntil)
     face.isPaused = face.alerts && pausedUntil;
     face.isLit = face.alerts && !face.isPaused;
     if (!face.alerts)
-        face.chip = u"Alert off"_s;
+        face.chip = NextMeeting::tr("Alert off");
     else if (pausedUntil)
-        face.chip = u"Alerts paused until "_s + MeetingFormat::clockTime(UnixTime::seconds(*pausedUntil));
+        face.chip = NextMeeting::tr("Alerts paused until %1")
+                        .arg(MeetingFormat::clockTime(UnixTime::seconds(*pausedUntil)));
 }
 
 } // namespace
@@ -96,8 +96,8 @@ HeroFace face(const HeroSituation &situation, double now)
     face.alerts =
         std::ranges::find(situation.scheduled, meeting->id, &Meeting::id) != situation.scheduled.end();
     face.canJoin = Meeting::safeJoinURL(meeting->joinURL).has_value();
-    face.title = meeting->title;
-    face.calendar = meeting->calendar;
+    face.title = AgendaText::line(meeting->title);
+    face.calendar = AgendaText::line(meeting->calendar);
     face.dotColor = dot.color;
     face.dotTurn = dot.turn;
     face.times = MeetingFormat::timeRange(*meeting);
@@ -106,7 +106,7 @@ HeroFace face(const HeroSituation &situation, double now)
     setDial(face, *meeting, now);
     setLight(face, situation.pausedUntil);
     face.spoken = AgendaText::spoken(
-        {u"Next meeting"_s, face.countdown, face.title, face.times, face.calendar, face.chip});
+        {NextMeeting::tr("Next meeting"), face.countdown, face.title, face.times, face.calendar, face.chip});
     return face;
 }
 

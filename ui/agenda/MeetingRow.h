@@ -16,8 +16,8 @@ struct MeetingRow
     Q_GADGET
     QML_VALUE_TYPE(meetingRow)
     Q_PROPERTY(QString id READ id)
-    Q_PROPERTY(QString title READ title)
-    Q_PROPERTY(QString calendar READ calendar)
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString calendar MEMBER calendar)
     Q_PROPERTY(QString dayTitle MEMBER dayTitle)
     Q_PROPERTY(QString dayDate MEMBER dayDate)
     Q_PROPERTY(QString times MEMBER times)
@@ -36,12 +36,13 @@ struct MeetingRow
 
 public:
     [[nodiscard]] const QString &id() const { return meeting.id; }
-    [[nodiscard]] const QString &title() const { return meeting.title; }
-    [[nodiscard]] const QString &calendar() const { return meeting.calendar; }
 
     bool operator==(const MeetingRow &) const = default;
 
     Meeting meeting;
+    /// The meeting's, each on one line.
+    QString title;
+    QString calendar;
     /// "Today" or a weekday, and the date beside it.
     QString dayTitle;
     QString dayDate;

@@ -10,8 +10,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-using namespace Qt::StringLiterals;
-
 namespace quorvane {
 
 namespace {
@@ -69,8 +67,8 @@ Protection::State Protection::state() const
 QString Protection::screenState() const
 {
     if (m_model.pausedUntil())
-        return u"Paused until "_s + clockText(*m_model.pausedUntil());
-    return u"On · "_s + MeetingFormat::plural(QGuiApplication::screens().size(), u"display"_s);
+        return tr("Paused until %1").arg(clockText(*m_model.pausedUntil()));
+    return tr("On · %1").arg(MeetingFormat::plural(QGuiApplication::screens().size(), tr("display")));
 }
 
 QString Protection::phoneState() const
@@ -78,13 +76,13 @@ QString Protection::phoneState() const
     const PhoneHealth health = m_model.phoneHealth();
     switch (health.state) {
     case PhoneHealth::State::unknown:
-        return u"Waiting for the keyring"_s;
+        return tr("Waiting for the keyring");
     case PhoneHealth::State::notSetUp:
-        return u"Not set up"_s;
+        return tr("Not set up");
     case PhoneHealth::State::ready:
-        return health.testedAt ? u"Ready · tested "_s + clockText(*health.testedAt) : u"Ready"_s;
+        return health.testedAt ? tr("Ready · tested %1").arg(clockText(*health.testedAt)) : tr("Ready");
     case PhoneHealth::State::failed:
-        return u"Last message failed"_s;
+        return tr("Last message failed");
     }
     Q_UNREACHABLE();
 }

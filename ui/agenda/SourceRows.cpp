@@ -10,8 +10,6 @@
 
 #include <algorithm>
 
-using namespace Qt::StringLiterals;
-
 namespace quorvane {
 
 namespace {
@@ -20,13 +18,13 @@ QString stateText(const SourceHealth &source)
 {
     switch (source.state) {
     case SourceHealth::State::waiting:
-        return u"Waiting"_s;
+        return SourceRows::tr("Waiting");
     case SourceHealth::State::refreshing:
-        return u"Refreshing…"_s;
+        return SourceRows::tr("Refreshing…");
     case SourceHealth::State::upToDate:
-        return u"Up to date"_s;
+        return SourceRows::tr("Up to date");
     case SourceHealth::State::failing:
-        return u"Not answering"_s;
+        return SourceRows::tr("Not answering");
     }
     Q_UNREACHABLE();
 }

@@ -14,26 +14,26 @@ namespace quorvane::AccountState {
 
 namespace {
 
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("AccountState", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(AccountState)
+};
 
 QString moment(const QDateTime &time, double now)
 {
     const QDate today = UnixTime::moment(now).date();
     const QDate date = time.toLocalTime().date();
     const QString clock = MeetingFormat::clockTime(UnixTime::seconds(time));
-    return date == today ? clock : tr("%1 %2").arg(MeetingFormat::dayTitle(date, today), clock);
+    return date == today ? clock : Words::tr("%1 %2").arg(MeetingFormat::dayTitle(date, today), clock);
 }
 
 QString age(const QDateTime &time, double now)
 {
     const auto minutes = static_cast<qint64>((now - UnixTime::seconds(time)) / 60);
     if (minutes < 1)
-        return tr("just now");
+        return Words::tr("just now");
     if (minutes < 60)
-        return tr("%1 min ago").arg(minutes);
+        return Words::tr("%1 min ago").arg(minutes);
     return moment(time, now);
 }
 
@@ -43,14 +43,16 @@ QString text(const SourceHealth &health, double now)
 {
     switch (health.state) {
     case SourceHealth::State::waiting:
-        return tr("Not read yet");
+        return Words::tr("Not read yet");
     case SourceHealth::State::refreshing:
-        return tr("Refreshing…");
+        return Words::tr("Refreshing…");
     case SourceHealth::State::upToDate:
-        return health.lastRead ? tr("Up to date · %1").arg(age(*health.lastRead, now)) : tr("Up to date");
+        return health.lastRead ? Words::tr("Up to date · %1").arg(age(*health.lastRead, now))
+                               : Words::tr("Up to date");
     case SourceHealth::State::failing:
-        return health.lastRead ? tr("Not answering · last refresh %1").arg(moment(*health.lastRead, now))
-                               : tr("Not answering");
+        return health.lastRead
+                   ? Words::tr("Not answering · last refresh %1").arg(moment(*health.lastRead, now))
+                   : Words::tr("Not answering");
     }
     return {};
 }

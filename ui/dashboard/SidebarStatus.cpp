@@ -16,22 +16,23 @@ namespace quorvane {
 
 namespace {
 
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("SidebarStatus", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SidebarStatus)
+};
 
 QString lineOf(const SidebarStatus::Facts &facts, qsizetype failing)
 {
     if (facts.pausedUntil)
-        return tr("Paused until %1").arg(MeetingFormat::clockTime(UnixTime::seconds(*facts.pausedUntil)));
+        return Words::tr("Paused until %1")
+            .arg(MeetingFormat::clockTime(UnixTime::seconds(*facts.pausedUntil)));
     if (failing == 1)
-        return tr("One source needs you");
+        return Words::tr("One source needs you");
     if (failing > 1)
-        return tr("%1 sources need you").arg(failing);
+        return Words::tr("%1 sources need you").arg(failing);
     if (facts.calendars == 0)
-        return tr("Ready");
-    return tr("Watching %1").arg(MeetingFormat::plural(facts.calendars, tr("calendar")));
+        return Words::tr("Ready");
+    return Words::tr("Watching %1").arg(MeetingFormat::plural(facts.calendars, Words::tr("calendar")));
 }
 
 QString detailOf(const SidebarStatus::Facts &facts)
@@ -40,13 +41,14 @@ QString detailOf(const SidebarStatus::Facts &facts)
     const auto next = std::ranges::find_if(
         facts.scheduledMeetings, [&](const Meeting &meeting) { return alertTime(meeting) > facts.now; });
     if (next == facts.scheduledMeetings.end())
-        return facts.calendars == 0 ? tr("No calendar yet") : tr("No alert ahead");
+        return facts.calendars == 0 ? Words::tr("No calendar yet") : Words::tr("No alert ahead");
     const double at = alertTime(*next);
     const QDate today = UnixTime::moment(facts.now).date();
     const QString clock = MeetingFormat::clockTime(at);
     if (UnixTime::moment(at).date() == today)
-        return tr("Next alert at %1").arg(clock);
-    return tr("Next alert: %1, %2").arg(MeetingFormat::dayTitle(UnixTime::moment(at).date(), today), clock);
+        return Words::tr("Next alert at %1").arg(clock);
+    return Words::tr("Next alert: %1, %2")
+        .arg(MeetingFormat::dayTitle(UnixTime::moment(at).date(), today), clock);
 }
 
 } // namespace

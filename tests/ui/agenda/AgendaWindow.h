@@ -67,7 +67,7 @@ public:
     }
     [[nodiscard]] static QString titleOf(const QQuickItem *row)
     {
-        return row->property("row").value<MeetingRow>().title();
+        return row->property("row").value<MeetingRow>().title;
     }
     [[nodiscard]] QQuickItem *row(const QString &title) const
     {

@@ -179,7 +179,8 @@ void AgendaPageTest::whatIsPressedHappens()
 void AgendaPageTest::rowsAreReadOut()
 {
     w->scene.addMorning();
-    w->open({884, 780});
+    w->scene.add(u"100 %1\nof %2"_s, AgendaScene::at(2, 17, 0), 30, "House\nof many");
+    w->open({884, 980});
     const auto spoken = [](QObject *item) {
         QAccessibleInterface *face = QAccessible::queryAccessibleInterface(item);
         return face ? face->text(QAccessible::Name) : QString();
@@ -187,6 +188,8 @@ void AgendaPageTest::rowsAreReadOut()
     QCOMPARE(spoken(w->row(u"Stand-up"_s)), u"Today, Stand-up, Now, 9:30 – 10:00, 30 min, Platform"_s);
     QCOMPARE(spoken(w->inRow(u"Stand-up"_s, "alert")), u"Alert for Stand-up, 9:30"_s);
     QCOMPARE(spoken(w->inRow(u"Stand-up"_s, "join")), u"Join Stand-up"_s);
+    QCOMPARE(spoken(w->row(u"100 %1 of %2"_s)), u"100 %1 of %2, 17:00 – 17:30, 30 min, House of many"_s);
+    QCOMPARE(spoken(w->inRow(u"100 %1 of %2"_s, "alert")), u"Alert for 100 %1 of %2, 17:00"_s);
     QCOMPARE(spoken(w->item("hero")),
              u"Next meeting, In 12 min, Weekly design review, 10:00 – 10:30, Design team"_s);
     QCOMPARE(spoken(w->item("refresh")), u"Refresh all sources"_s);
@@ -194,7 +197,7 @@ void AgendaPageTest::rowsAreReadOut()
     QStringList titles;
     for (const QQuickItem *row : w->rows())
         titles.append(AgendaWindow::titleOf(row));
-    QCOMPARE(titles.front() + u'|' + titles.back(), u"Stand-up|Roadmap office hours"_s);
+    QCOMPARE(titles.front() + u'|' + titles.back(), u"Stand-up|100 %1 of %2"_s);
 }
 
 QTEST_MAIN(AgendaPageTest)

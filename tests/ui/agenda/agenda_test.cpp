@@ -59,7 +59,7 @@ QStringList AgendaTest::titles() const
 {
     QStringList result;
     for (int row = 0; row < agenda->meetings()->count(); ++row)
-        result.append(agenda->meetings()->at(row).title());
+        result.append(agenda->meetings()->at(row).title);
     return result;
 }
 
@@ -163,7 +163,7 @@ void AgendaTest::aMeetingIsDeletedOnlyAfterTheQuestion()
 
     rows->askToDelete(dentist.id());
     rows->deleteAsked();
-    QTRY_VERIFY(!titles().contains(dentist.title()));
+    QTRY_VERIFY(!titles().contains(dentist.title));
     QVERIFY(f->model->manualMeetings().empty());
 }
 

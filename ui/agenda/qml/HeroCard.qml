@@ -172,7 +172,7 @@ Item {
                 id: alert
 
                 objectName: "heroAlert"
-                name: qsTr("Alert for %1, %2").arg(hero.face.title).arg(hero.face.start)
+                name: qsTr("Alert for %2, %1").arg(hero.face.start).arg(hero.face.title)
                 checked: hero.face.alerts
                 outline: "#85786a"
                 knobOff: "#b9ad9d"

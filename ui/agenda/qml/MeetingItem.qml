@@ -209,7 +209,7 @@ Item {
                 ToggleSwitch {
                     objectName: "alert"
                     activeFocusOnTab: item.isCurrent
-                    name: qsTr("Alert for %1, %2").arg(item.row.title).arg(item.row.start)
+                    name: qsTr("Alert for %2, %1").arg(item.row.start).arg(item.row.title)
                     checked: item.row.alerts
                     onToggled: item.meetings.toggleAlert(item.row.id)
                 }
