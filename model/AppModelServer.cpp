@@ -22,6 +22,8 @@ namespace {
 constexpr qsizetype shortestServerToken = 32;
 /// In seconds.
 constexpr double exchangePause = 5;
+/// Meetings that a server can add to those of this machine: thousands would hold up the tick.
+constexpr qsizetype mostMeetings = 1000;
 
 const QString ackFailed =
     u"Acknowledged on this Mac. Phone acknowledgment could not sync; retry from the phone."_s;
@@ -31,6 +33,16 @@ bool holds(const std::vector<Meeting> &meetings, const Meeting &wanted)
     return std::ranges::any_of(meetings, [&](const Meeting &meeting) {
         return meeting.id == wanted.id && meeting.start == wanted.start;
     });
+}
+
+std::vector<Meeting> nextOf(std::vector<Meeting> meetings, double now)
+{
+    std::erase_if(meetings, [now](const Meeting &meeting) { return !meeting.eligible(now); });
+    if (std::ssize(meetings) <= mostMeetings)
+        return meetings;
+    std::ranges::nth_element(meetings, meetings.begin() + mostMeetings, {}, &Meeting::start);
+    meetings.resize(mostMeetings);
+    return meetings;
 }
 
 } // namespace
@@ -116,7 +128,7 @@ void AppModel::countServerFailure()
 
 void AppModel::takeServerState(const ServerState &state)
 {
-    m_server.meetings = state.events;
+    m_server.meetings = nextOf(state.events, now());
     m_server.acknowledged = QSet<QString>(state.acknowledged.begin(), state.acknowledged.end());
     const QSet<QString> confirmed = m_pendingAcks & m_server.acknowledged;
     for (const QString &id : confirmed)
@@ -180,7 +192,7 @@ void AppModel::judgeServer(const ServerState &state, UploadOutcome uploaded)
     const bool holdsAll =
         isUploading ? m_server.syncedRevision == m_scheduleRevision && uploaded == UploadOutcome::taken
                     : std::ranges::all_of(m_scheduledMeetings, [&](const Meeting &meeting) {
-                          return holds(state.events, meeting);
+                          return holds(m_server.meetings, meeting);
                       });
     const auto report =
         ServerReport::of(state.health, holdsAll ? ScheduleState::synced : ScheduleState::unsynced);

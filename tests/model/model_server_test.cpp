@@ -28,6 +28,7 @@ private Q_SLOTS:
     void anAddressWithoutATokenIsNoServer();
     void aSourceThatNeverAnswersKeepsNothingFromTheServer();
     void whateverItsIdentifierAMessageIsSilenced();
+    void ofThousandsOfMeetingsTheNextCount();
 
 private:
     static constexpr double noon = ModelFixture::noon;
@@ -270,6 +271,24 @@ void ModelServerTest::whateverItsIdentifierAMessageIsSilenced()
     QTRY_VERIFY(f->model->records().value(u"room 5"_s).receipt);
     launch(f->model->acknowledge(u"room 5"_s));
     QTRY_VERIFY(f->paths(f->phone).contains(u"/1/receipts/%1/cancel.json"_s.arg(QString(30, u'R'))));
+}
+
+void ModelServerTest::ofThousandsOfMeetingsTheNextCount()
+{
+    f->useServer();
+    QJsonArray events;
+    for (int number = 5000; number > 0; --number) {
+        QJsonObject event = onServer(QString::number(number), u"direct"_s);
+        event.insert("start"_L1, noon + number);
+        event.insert("end"_L1, noon + 9000);
+        events.append(event);
+    }
+    f->say(f->health(), events);
+    f->start();
+    QTRY_VERIFY_WITH_TIMEOUT(!f->model->isRefreshing(), 30'000);
+    QCOMPARE(f->model->meetings().size(), std::size_t(1000));
+    QCOMPARE(f->shown(), u"1"_s);
+    QCOMPARE(f->model->meetings().back().id, u"1000"_s);
 }
 
 QTEST_MAIN(ModelServerTest)
