@@ -34,6 +34,7 @@ FocusScope {
 
         anchors.fill: parent
         contentHeight: content.height
+        clip: true
         boundsBehavior: Flickable.StopAtBounds
         T.ScrollBar.vertical: ScrollThumb {}
 

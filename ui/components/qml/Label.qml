@@ -59,6 +59,9 @@ Text {
     textFormat: Text.PlainText
     color: Theme.text
     elide: Text.ElideRight
+    maximumLineCount: wrapMode === Text.NoWrap ? 1 : undefined
+    // Beside what it belongs to, whatever its script.
+    horizontalAlignment: Text.AlignLeft
     font.family: Theme.textFace
     font.pixelSize: face.size
     font.weight: face.weight

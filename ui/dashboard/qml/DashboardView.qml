@@ -52,12 +52,24 @@ Rectangle {
             isRail: view.isNarrow
         }
 
+        // Covers what scrolls on the page, like the agenda's head, and for the same reason.
+        Rectangle {
+            x: sidebar.width
+            z: 1
+            width: parent.width - x
+            height: notice.height
+            visible: height > 0
+            radius: 1
+            color: Theme.canvas
+        }
+
         NoticeBar {
             id: notice
 
             readonly property int margin: view.width < 760 ? 18 : 26
 
             x: sidebar.width + margin
+            z: 1 // its lower edge reaches into the page
             width: Math.min(1180, view.width - x - margin)
             banner: view.dashboard.banner
             isNarrow: view.isNarrow
