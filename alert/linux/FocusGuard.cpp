@@ -4,6 +4,7 @@
 #include "alert/linux/FocusGuard.h"
 
 #include "alert/MeetingAlertPanel.h"
+#include "alert/linux/ShellOverview.h"
 
 #include <QGuiApplication>
 
@@ -52,6 +53,8 @@ void FocusGuard::start()
     m_isOnGuard = true;
     m_quickAttemptsLeft = quickAttempts;
     m_checkTimer.start(grantingTime);
+    // To an X client an overview looks as if it had not taken the keyboard.
+    leaveShellOverview();
 }
 
 void FocusGuard::stop()
@@ -67,6 +70,7 @@ void FocusGuard::check()
     if (m_quickAttemptsLeft > 0)
         --m_quickAttemptsLeft;
     m_checkTimer.start(m_quickAttemptsLeft > 0 ? std::chrono::milliseconds(grantingTime) : patientTime);
+    leaveShellOverview();
     m_reclaim();
 }
 

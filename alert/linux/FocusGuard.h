@@ -12,9 +12,9 @@
 
 namespace quorvane {
 
-/// Fetches the keyboard back to an alert's panels when another program takes it. After a number of
-/// quick attempts it goes on slowly, so as never to fight another program, and it leaves a locked session
-/// alone.
+/// Fetches the keyboard back to an alert's panels when another program, or an overview of windows, takes it.
+/// After a number of quick attempts it goes on slowly, so as never to fight another program, and it leaves a
+/// locked session alone.
 class FocusGuard final : public QObject
 {
     Q_OBJECT

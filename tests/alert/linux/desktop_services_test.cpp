@@ -6,6 +6,7 @@
 #include "alert/linux/CanberraChime.h"
 #include "alert/linux/DesktopDisplayWaker.h"
 #include "alert/linux/DesktopMotionPreference.h"
+#include "alert/linux/FocusGuard.h"
 #include "alert/linux/XdgLinkOpener.h"
 
 #include <QDBusConnection>
@@ -87,6 +88,17 @@ Q_SIGNALS:
     void SettingChanged(const QString &space, const QString &key, const QDBusVariant &value);
 };
 
+/// GNOME's shell with its overview of windows open.
+class ShellService final : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.gnome.Shell")
+    Q_PROPERTY(bool OverviewActive MEMBER isOverviewActive)
+
+public:
+    bool isOverviewActive = true;
+};
+
 class DesktopServicesTest final : public QObject
 {
     Q_OBJECT
@@ -96,6 +108,7 @@ private Q_SLOTS:
 
     void blankingIsHeldOffWhileAnAlertShows();
     void anAlertClosedBeforeTheServiceAnswersLeavesNothingHeld();
+    void anAlertWithoutTheKeyboardClosesTheOverviewInFrontOfIt();
     void reducedMotionIsReadFromThePortalAndFollowed_data();
     void reducedMotionIsReadFromThePortalAndFollowed();
     void aLinkCountsAsOpenedWhenTheDesktopTookIt_data();
@@ -105,6 +118,7 @@ private Q_SLOTS:
 private:
     IdleService m_idle;
     PortalService m_portal;
+    ShellService m_shell;
 };
 
 void DesktopServicesTest::initTestCase()
@@ -114,6 +128,9 @@ void DesktopServicesTest::initTestCase()
     const auto exported = QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals;
     QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/ScreenSaver"), &m_idle, exported));
     QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), &m_portal, exported));
+    QVERIFY(bus.registerObject(QStringLiteral("/org/gnome/Shell"), &m_shell,
+                               QDBusConnection::ExportAllProperties));
+    QVERIFY(bus.registerService(QStringLiteral("org.gnome.Shell")));
     QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.ScreenSaver")));
     QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
 }
@@ -143,6 +160,20 @@ void DesktopServicesTest::anAlertClosedBeforeTheServiceAnswersLeavesNothingHeld(
     QTRY_COMPARE(m_idle.held.size(), 1);
     waker.release();
     QTRY_VERIFY(m_idle.held.isEmpty());
+}
+
+void DesktopServicesTest::anAlertWithoutTheKeyboardClosesTheOverviewInFrontOfIt()
+{
+    int reclaimed = 0;
+    FocusGuard guard([&reclaimed] { ++reclaimed; });
+    QVERIFY(m_shell.isOverviewActive);
+    guard.start();
+    QTRY_VERIFY(!m_shell.isOverviewActive);
+    QTRY_VERIFY(reclaimed > 0);
+    // The person opens it again.
+    m_shell.isOverviewActive = true;
+    QTRY_VERIFY(!m_shell.isOverviewActive);
+    guard.stop();
 }
 
 void DesktopServicesTest::reducedMotionIsReadFromThePortalAndFollowed_data()
