@@ -11,6 +11,7 @@ import os
 
 from .attached import attach
 from .events import LINK, Event, seconds_from_now, utc, write_event
+from .kwin import KwinDesktop
 from .mutter import MutterDesktop, MutterX11Desktop
 from .nested import NestedSwayDesktop
 from .output import SIZES, Output
@@ -23,7 +24,7 @@ from .sway import SwayDesktop
 from .xorg import XorgDesktop
 
 DESKTOPS = {"xorg": XorgDesktop, "sway": SwayDesktop, "sway-nested": NestedSwayDesktop, "mutter": MutterDesktop,
-            "mutter-x11": MutterX11Desktop, "none": Session}
+            "mutter-x11": MutterX11Desktop, "kwin": KwinDesktop, "none": Session}
 
 
 def best_for_this_machine():

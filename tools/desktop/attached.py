@@ -4,6 +4,7 @@
 import os
 import tempfile
 
+from .kwin import KwinControls
 from .mutter import MutterControls
 from .processes import DesktopError
 from .session import Session
@@ -20,7 +21,7 @@ class _Attached:
         self.env = dict(os.environ)
         self.folder = tempfile.gettempdir()
         self.outputs = []
-        if isinstance(self, MutterControls):
+        if isinstance(self, (MutterControls, KwinControls)):
             self.connect()
         self.outputs = self.read_outputs()
 
@@ -28,10 +29,11 @@ class _Attached:
 def attach():
     """Controls of the current desktop; a DesktopError where there is none whose displays we can read."""
     kind = os.environ.get("QUORVANE_DESKTOP")
-    if kind not in ("xorg", "sway", "mutter"):
+    if kind not in ("xorg", "sway", "mutter", "kwin"):
         kind = ("sway" if os.environ.get("SWAYSOCK") else
                 "xorg" if os.environ.get("DISPLAY") and not os.environ.get("WAYLAND_DISPLAY") else None)
-    controls = {"xorg": XorgControls, "sway": SwayControls, "mutter": MutterControls}.get(kind)
+    controls = {"xorg": XorgControls, "sway": SwayControls, "mutter": MutterControls,
+                "kwin": KwinControls}.get(kind)
     if controls is None:
         raise DesktopError("this is no desktop whose displays can be read from outside")
     return type("AttachedDesktop", (_Attached, controls), {})()

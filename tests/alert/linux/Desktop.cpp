@@ -19,6 +19,8 @@ Desktop::Kind kindFromEnvironment()
     const QByteArray name = qgetenv("QUORVANE_DESKTOP");
     if (name == "sway")
         return Desktop::Kind::sway;
+    if (name == "kwin")
+        return Desktop::Kind::kwin;
     return name == "mutter" ? Desktop::Kind::mutter : Desktop::Kind::xorg;
 }
 
@@ -67,6 +69,7 @@ bool Desktop::plugIn() const
     case Kind::sway:
         return run(QStringLiteral("swaymsg"), {QStringLiteral("create_output")});
     case Kind::mutter:
+    case Kind::kwin:
         break;
     }
     return false;
@@ -85,6 +88,7 @@ bool Desktop::unplug(const QScreen &screen) const
                                        QStringLiteral("[title=\"wlroots - %1\"] kill").arg(screen.name())});
     }
     case Kind::mutter:
+    case Kind::kwin:
         break;
     }
     return false;

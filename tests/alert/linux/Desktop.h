@@ -13,7 +13,7 @@ namespace quorvane {
 class Desktop
 {
 public:
-    enum class Kind { xorg, sway, mutter };
+    enum class Kind { xorg, sway, mutter, kwin };
 
     /// Remembers the environment; construct it before the program changes its own.
     Desktop();

@@ -212,7 +212,7 @@ void PanelsTest::aWindowManagerCannotCloseIt()
     show(soonMeeting(QStringLiteral("Interview")));
     for (MeetingAlertPanel *panel : m_overlay->panels())
         QWindowSystemInterface::handleCloseEvent<QWindowSystemInterface::SynchronousDelivery>(panel);
-    if (m_desktop.kind() == Desktop::Kind::xorg)
+    if (m_desktop.kind() == Desktop::Kind::xorg || m_desktop.kind() == Desktop::Kind::kwin)
         m_desktop.press(QStringLiteral("alt+F4"));
     QVERIFY(coversEverything());
     QVERIFY(m_overlay->eventID());
