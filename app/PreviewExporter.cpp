@@ -8,6 +8,7 @@
 #include "app/PreviewScenes.h"
 #include "app/QuorvaneApp.h"
 #include "app/VersionStart.h"
+#include "instance/linux/SessionBusProbe.h"
 
 #include <QDir>
 #include <QQuickWindow>
@@ -44,9 +45,10 @@ void prepare()
     qputenv("TZ", "UTC");
     for (const char *variable : {"LC_ALL", "LANG", "LANGUAGE"})
         qputenv(variable, "C.UTF-8");
-    for (const char *variable :
-         {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_QUICK_BACKEND"})
+    for (const char *variable : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI",
+                                 "QT_QUICK_BACKEND", "QT_QPA_PLATFORMTHEME"})
         qunsetenv(variable);
+    doWithoutSessionBus(); // a picture needs nobody's answer, and one that hangs would be waited for
     QQuickWindow::setSceneGraphBackend(u"software"_s);
 }
 
