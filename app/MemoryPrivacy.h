@@ -5,9 +5,8 @@
 
 namespace quorvane {
 
-/// Keeps what the program has in memory (credentials, titles, links) out of core dumps and out of Qt's own
-/// messages, whatever logging the environment asks for. Call it
-/// before anything is read.
+/// Keeps what the program has in memory (credentials, titles, links) out of core dumps and out of what Qt,
+/// GLib and Wayland print, whatever logging the environment asks for. Call it before anything is read.
 void keepMemoryPrivate();
 
 } // namespace quorvane
