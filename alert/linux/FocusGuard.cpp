@@ -4,7 +4,6 @@
 #include "alert/linux/FocusGuard.h"
 
 #include "alert/MeetingAlertPanel.h"
-#include "alert/linux/ShellOverview.h"
 
 #include <QGuiApplication>
 
@@ -46,6 +45,10 @@ FocusGuard::FocusGuard(std::function<void()> reclaim, QObject *parent)
     };
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, checkSoon);
     connect(&m_lock, &SessionLock::changed, this, checkSoon);
+    connect(&m_overview, &ShellOverview::entered, this, [this] {
+        if (m_isOnGuard)
+            m_overview.leave();
+    });
 }
 
 void FocusGuard::start()
@@ -54,7 +57,7 @@ void FocusGuard::start()
     m_quickAttemptsLeft = quickAttempts;
     m_checkTimer.start(grantingTime);
     // To an X client an overview looks as if it had not taken the keyboard.
-    leaveShellOverview();
+    m_overview.leave();
 }
 
 void FocusGuard::stop()
@@ -70,7 +73,7 @@ void FocusGuard::check()
     if (m_quickAttemptsLeft > 0)
         --m_quickAttemptsLeft;
     m_checkTimer.start(m_quickAttemptsLeft > 0 ? std::chrono::milliseconds(grantingTime) : patientTime);
-    leaveShellOverview();
+    m_overview.leave();
     m_reclaim();
 }
 

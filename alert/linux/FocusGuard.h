@@ -4,6 +4,7 @@
 #pragma once
 
 #include "alert/linux/SessionLock.h"
+#include "alert/linux/ShellOverview.h"
 
 #include <QObject>
 #include <QTimer>
@@ -32,6 +33,7 @@ private:
 
     std::function<void()> m_reclaim;
     SessionLock m_lock;
+    ShellOverview m_overview;
     QTimer m_checkTimer;
     bool m_isOnGuard = false;
     int m_quickAttemptsLeft = 0;
