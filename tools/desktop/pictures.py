@@ -58,12 +58,13 @@ class Picture:
         return len(Counter(self.pixels))
 
     def shows_alert(self):
-        """An alert is dark at its edges, has warm light in the middle, a filled button, and light text."""
+        """An alert is dark at its edges, though not black as an empty desktop is, and has warm light in the middle, a
+        filled button, and light text."""
         return self.why_no_alert() is None
 
     def why_no_alert(self):
         corners = [self.pixel(x, y) for x in (0.005, 0.995) for y in (0.005, 0.995)]
-        if not all(max(corner) < 90 and corner[0] >= corner[2] for corner in corners):
+        if not all(0 < max(corner) < 90 and corner[0] >= corner[2] for corner in corners):
             return f"{self.path}: its corners {corners} are not the alert's"
         warm = max(self.share(AMBER), self.share(EMBER))
         if warm < 0.0015:

@@ -11,10 +11,28 @@
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickView>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
+
+namespace {
+
+/// For what a desktop puts around a window, which it does not say before.
+constexpr QSize frameAllowance(20, 40);
+
+/// The largest window that has its title bar and all of its content on screen, whichever display the desktop
+/// chooses for it.
+QSize largestSize()
+{
+    QSize largest = DashboardWindow::defaultSize * 100;
+    for (const QScreen *screen : QGuiApplication::screens())
+        largest = largest.boundedTo(screen->availableSize());
+    return largest - frameAllowance;
+}
+
+} // namespace
 
 /// In the order in which they are built; the window goes first and the engine before what it shows.
 struct DashboardWindow::View
@@ -57,7 +75,7 @@ void DashboardWindow::open()
     QQuickView &window = *m_view->window;
     window.setTitle(u"Quorvane"_s);
     window.setMinimumSize(minimumSize);
-    window.resize(m_size);
+    window.resize(m_size.boundedTo(largestSize()).expandedTo(minimumSize));
     window.setResizeMode(QQuickView::SizeRootObjectToView);
     window.setInitialProperties({{u"dashboard"_s, QVariant::fromValue(&m_view->dashboard)}});
     window.setSource(DashboardView::source());

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -59,14 +60,21 @@ private Q_SLOTS:
 
     void itOpensAsItWasLeft()
     {
-        shown().resize(900, 700);
+        shown().resize(750, 700);
         QTest::keyClick(&shown(), Qt::Key_3, Qt::ControlModifier);
         QSignalSpy closed(m_window.get(), &DashboardWindow::closed);
         m_window->close();
         QVERIFY(closed.wait());
         open();
-        QCOMPARE(shown().size(), QSize(900, 700));
+        QCOMPARE(shown().size(), QSize(750, 700));
         QVERIFY(visibleItem("SettingsPage"));
+    }
+
+    void itOpensNoLargerThanTheDisplay()
+    {
+        const QSize room = shown().screen()->availableSize();
+        QVERIFY(room.width() < DashboardWindow::defaultSize.width());
+        QVERIFY(shown().width() < room.width() && shown().height() < room.height());
     }
 
     void theSectionsAreReachedByKeysAndByTheSidebar()
@@ -75,9 +83,9 @@ private Q_SLOTS:
         QTest::keyClick(&shown(), Qt::Key_2, Qt::ControlModifier);
         QTRY_VERIFY(visibleItem("CalendarsPage"));
         QVERIFY(!visibleItem("AgendaPage"));
-        QTest::mouseClick(&shown(), Qt::LeftButton, {}, {100, 195});
+        QTest::mouseClick(&shown(), Qt::LeftButton, {}, {40, 195});
         QTRY_VERIFY(visibleItem("SettingsPage"));
-        QTest::mouseClick(&shown(), Qt::LeftButton, {}, {100, 103});
+        QTest::mouseClick(&shown(), Qt::LeftButton, {}, {40, 103});
         QTRY_VERIFY(visibleItem("AgendaPage"));
     }
 
