@@ -249,14 +249,14 @@ class Front(SystemTest):
             return None
 
     def test_the_launchers_token_goes_to_the_compositor(self):
-        desktop = SwayDesktop(sizes=((1280, 1024),))
-        program = self.quorvane(desktop, WAYLAND_DEBUG="client")
+        desktop = SwayDesktop(sizes=((1280, 1024),), notes_requests=True)
+        self.quorvane(desktop)
         wait_until("the program at work", lambda: self._quiet(lambda: desktop.run(
             "dbus-send", "--session", "--print-reply", f"--dest={NAME}", PATH, "org.freedesktop.DBus.Peer.Ping")))
         for token in ("token-of-the-menu", "another-token"):
             self.second_start(desktop, XDG_ACTIVATION_TOKEN=token)
             wait_until("the token at the compositor",
-                       lambda text=f'activate("{token}", wl_surface': text in program.said())
+                       lambda text=f'activate("{token}", wl_surface': text in desktop.requests())
         self.assertIn('"name": "Quorvane"', desktop.message("-t", "get_tree"))
 
 

@@ -37,16 +37,16 @@ class Tray(SystemTest):
         self.use_menu(XorgDesktop(sizes=SIZES), windows_on_x)
 
     def test_the_menu_does_what_it_says_on_wayland(self):
-        self.use_menu(SwayDesktop(sizes=SIZES), windows_on_sway, WAYLAND_DEBUG="client")
+        self.use_menu(SwayDesktop(sizes=SIZES, notes_requests=True), windows_on_sway)
 
-    def use_menu(self, desktop, windows, **options):
+    def use_menu(self, desktop, windows):
         host = TrayHost(desktop)
-        program = self.quorvane(desktop, seed=lambda _: self.enterContext(host), **options)
+        program = self.quorvane(desktop, seed=lambda _: self.enterContext(host))
         first = Event("R&D __ review_1", seconds_from_now(3600))
         program.add(first)
         item = host.wait_item()
         self.check_looks(item, first)
-        self.check_window(desktop, program, item, windows)
+        self.check_window(desktop, item, windows)
         self.check_alert_and_pause(desktop, host, item)
         self.check_refresh(program, item)
         before = item.texts()
@@ -69,13 +69,13 @@ class Tray(SystemTest):
         self.assertEqual(about["ToolTip"][2], f"Quorvane: {texts[0]}")
         self.assertLessEqual({22, 24, 32, 44, 48}, {width for width, _, _ in about["IconPixmap"]})
 
-    def check_window(self, desktop, program, item, windows):
+    def check_window(self, desktop, item, windows):
         self.assertEqual(windows(desktop), 0)
         item.activate("token-of-the-panel")
         wait_until("the window", lambda: windows(desktop) == 1)
         if desktop.kind == "sway":
             wait_until("the panel's token shown to the compositor",
-                       lambda: 'activate("token-of-the-panel"' in program.said())
+                       lambda: 'activate("token-of-the-panel"' in desktop.requests())
         item.click("Open Quorvane")
         item.texts()  # which is answered after it
         self.assertEqual(windows(desktop), 1)

@@ -45,15 +45,22 @@ class SwayControls:
 class SwayDesktop(SwayControls, Session):
     kind = "sway"
 
-    def __init__(self, sizes=SIZES, **options):
+    def __init__(self, sizes=SIZES, notes_requests=False, **options):
         super().__init__(**options)
         self.sizes = sizes
+        self.debugging = {"WAYLAND_DEBUG": "server"} if notes_requests else {}
+
+    def requests(self):
+        """What its clients have asked of it so far, if it was made to note that."""
+        with open(self.log("sway"), encoding="utf-8", errors="replace") as file:
+            return file.read()
 
     def start_display(self):
         wanted = row(self.sizes, "HEADLESS-{}", 1)
         lines = [f"output {o.name} resolution {o.width}x{o.height} position {o.x} {o.y}" for o in wanted]
         lines += ["workspace 1 output HEADLESS-1", "focus output HEADLESS-1"]
-        sway = self.start_sway("sway", lines, WLR_BACKENDS="headless", WLR_HEADLESS_OUTPUTS=str(len(wanted)))
+        sway = self.start_sway("sway", lines, WLR_BACKENDS="headless", WLR_HEADLESS_OUTPUTS=str(len(wanted)),
+                               **self.debugging)
         wait_until("starting sway", lambda: self.readable_outputs() == wanted, 15, sway, self.log("sway"))
         self.outputs = wanted
         # A headless seat has a keyboard only while a virtual one exists.
