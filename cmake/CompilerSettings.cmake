@@ -4,12 +4,16 @@
 # The language, the warnings and the definitions that every target of ours shares, as one interface target.
 add_library(quorvane_settings INTERFACE)
 target_compile_features(quorvane_settings INTERFACE cxx_std_20)
+# Some libraries ask for it; everywhere, since all share one prefix.
+target_compile_options(quorvane_settings INTERFACE -pthread)
 target_compile_options(quorvane_settings INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
   # Designated initialisers leave out what keeps its default.
   -Wno-missing-field-initializers
   # clang tells of what libstdc++ 12 uses inside std::ranges::stable_sort.
   $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>
+  # In a unity build every source is included, so what is unnamed in it looks as if a header had it.
+  $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
   -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)
 target_compile_definitions(quorvane_settings INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING

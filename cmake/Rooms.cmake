@@ -50,6 +50,7 @@ function(quorvane_room path)
   add_library(${target} STATIC ${room_SOURCES})
   target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${target} PUBLIC quorvane_settings ${room_LINK} PRIVATE ${room_PRIVATE_LINK})
+  quorvane_use_prefix(${target})
   quorvane_use_rooms(${target} ${path} ${room_ROOMS})
 endfunction()
 
