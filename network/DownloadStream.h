@@ -35,6 +35,9 @@ public:
         QDeadlineTimer end;
     };
 
+    /// The status of an answer that is a part of the body (RFC 9110, section 15.3.7).
+    static constexpr int partialContent = 206;
+
     /// Sends the request.
     DownloadStream(const HttpsRequest &request, ServerTrust trust, const QNetworkProxy &proxy, Bounds bounds);
     ~DownloadStream() override;
@@ -42,8 +45,6 @@ public:
     /// Done when the answer has begun; what is said of it below holds from then on.
     [[nodiscard]] QCoro::Task<Result<void>> begin();
     [[nodiscard]] int status() const { return m_call.status(); }
-    /// The status of an answer that is a part of the body (RFC 9110, section 15.3.7).
-    static constexpr int partialContent = 206;
     /// How many bytes are announced, -1 when none are.
     [[nodiscard]] qint64 length();
     /// Where to ask instead; empty when the answer is none that sends elsewhere.

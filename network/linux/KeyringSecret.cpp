@@ -4,11 +4,14 @@
 #include "network/linux/KeyringSecret.h"
 
 #include <QDBusMetaType>
+#include <QDBusVariant>
 
 namespace quorvane {
 
 void KeyringSecret::registerTypes()
 {
+    // A prompt answers with one, and a slot that takes it cannot be connected before.
+    qRegisterMetaType<QDBusVariant>();
     qDBusRegisterMetaType<KeyringSecret>();
     qDBusRegisterMetaType<KeyringAttributes>();
 }

@@ -21,8 +21,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const QString service = u"org.kde.StatusNotifierWatcher"_s;
-const QString path = u"/StatusNotifierWatcher"_s;
+const QString watcherService = u"org.kde.StatusNotifierWatcher"_s;
+const QString watcherPath = u"/StatusNotifierWatcher"_s;
 
 /// Some hosts lose what is registered in the moment in which they come up.
 constexpr auto settleTime = 1s;
@@ -44,7 +44,7 @@ bool hasEnded(const QDBusError &error)
 
 NotifierHost::NotifierHost(QObject *parent)
     : QObject(parent)
-    , m_watcher(service, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration)
+    , m_watcher(watcherService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration)
 {
     m_settle.setSingleShot(true);
     m_settle.setInterval(settleTime);
@@ -54,8 +54,8 @@ NotifierHost::NotifierHost(QObject *parent)
 
 void NotifierHost::start()
 {
-    QDBusConnection::sessionBus().connect(service, path, service, u"StatusNotifierHostRegistered"_s, this,
-                                          SLOT(look()));
+    QDBusConnection::sessionBus().connect(watcherService, watcherPath, watcherService,
+                                          u"StatusNotifierHostRegistered"_s, this, SLOT(look()));
     look();
 }
 
@@ -83,9 +83,9 @@ void NotifierHost::ask()
         Q_EMIT missed();
         return;
     }
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(service, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    question << service << u"IsStatusNotifierHostRegistered"_s;
+    QDBusMessage question = QDBusMessage::createMethodCall(watcherService, watcherPath,
+                                                           u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question << watcherService << u"IsStatusNotifierHostRegistered"_s;
     question.setAutoStartService(false);
     auto *call = new QDBusPendingCallWatcher(bus.asyncCall(question, withoutLimit), this);
     m_question = call;
