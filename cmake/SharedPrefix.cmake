@@ -13,6 +13,8 @@ if(CMAKE_UNITY_BUILD)
     <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <string> <utility> <vector>
     <QByteArray> <QDateTime> <QFile> <QHash> <QJsonDocument> <QJsonObject> <QList> <QObject> <QPointer> <QSet> <QString>
     <QStringList> <QTimer> <QUrl> <QVariant> <QCoroTask> <tl/expected.hpp>)
+  # Lets ccache see the prefix.
+  target_compile_options(quorvane_settings INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endif()
 
 # Has the sources of `target` begin with the common prefix where there is one.
