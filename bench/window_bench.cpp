@@ -4,6 +4,7 @@
 // What the dashboard's window costs: window_bench MEETINGS TIMES prints, as JSON, the milliseconds until it
 // was painted and the proportional memory in kB before, while and after it was open, for each time it is
 // opened.
+#include "alert/linux/DesktopPlatform.h"
 #include "posix/UnusedMemory.h"
 #include "tests/support/ModelFixture.h"
 #include "ui/components/Appearance.h"
@@ -11,7 +12,6 @@
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QQuickWindow>
 #include <QTimer>
 
 #include <cstdio>
@@ -73,7 +73,7 @@ void await(DashboardWindow &window, Signal signal)
 
 int main(int argc, char *argv[])
 {
-    QQuickWindow::setSceneGraphBackend(u"software"_s);
+    preparePlatform();
     const QGuiApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QCoreApplication::arguments();
