@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <ctime>
+
 namespace quorvane {
 
 /// While it lives, other programs that ask for the same lock wait. The lock is on the folder itself
@@ -12,15 +14,22 @@ namespace quorvane {
 class FolderLock final
 {
 public:
-    /// The longest that anybody is waited for, in milliseconds. After that, and on file systems without
-    /// locks, the work goes on without: a stopped program must not stop this one.
-    static constexpr int patience = 150;
+    /// How long a holder is waited for that does nothing in the folder, in milliseconds; a slow disk may take
+    /// that long for one file. After that, and on file systems without locks, the work goes on without: a
+    /// stopped program must not stop this one.
+    static constexpr int patience = 600;
+
+    /// The longest that holders are waited for that do work, one after the other, in milliseconds.
+    static constexpr int longestWait = 3000;
 
     explicit FolderLock(const QString &folder);
     ~FolderLock();
     Q_DISABLE_COPY_MOVE(FolderLock)
 
 private:
+    /// When a file was last made, renamed or removed in the folder.
+    [[nodiscard]] timespec lastChange() const;
+
     int m_descriptor = -1;
 };
 
