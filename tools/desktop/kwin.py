@@ -9,7 +9,7 @@ import socket
 import struct
 import time
 
-from .output import Output, row
+from .output import Output, capture_each, row
 from .processes import DesktopError, wait_until
 from .session import Session
 
@@ -118,11 +118,7 @@ class KwinControls:
             hands.button(down)
 
     def screenshot(self, folder, prefix="display-"):
-        os.makedirs(folder, exist_ok=True)
-        paths = [os.path.join(folder, f"{prefix}{number}.png") for number in range(1, len(self.outputs) + 1)]
-        for output, path in zip(self.outputs, paths):
-            self._capture(output.name, path)
-        return paths
+        return capture_each(self.outputs, folder, prefix, lambda output, path: self._capture(output.name, path))
 
     def read_outputs(self):
         told = self.bus.call_sync(NAME, "/KWin", NAME, "supportInformation", None, None, 0, 10000,

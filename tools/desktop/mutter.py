@@ -6,7 +6,7 @@ import os
 import re
 import time
 
-from .output import Output, row
+from .output import Output, capture_each, row
 from .processes import DesktopError, wait_until
 from .session import Session
 
@@ -46,11 +46,7 @@ class MutterControls:
         raise DesktopError("the mutter desktop has no pointer; press keys instead")
 
     def screenshot(self, folder, prefix="display-"):
-        os.makedirs(folder, exist_ok=True)
-        paths = [os.path.join(folder, f"{prefix}{number}.png") for number in range(1, len(self.outputs) + 1)]
-        for output, path in zip(self.outputs, paths):
-            self._capture(output.name, path)
-        return paths
+        return capture_each(self.outputs, folder, prefix, lambda output, path: self._capture(output.name, path))
 
     def read_outputs(self):
         _, _, logical, _ = self.call("org.gnome.Mutter.DisplayConfig", "/org/gnome/Mutter/DisplayConfig",

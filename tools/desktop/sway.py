@@ -6,7 +6,7 @@ import os
 import shutil
 import time
 
-from .output import SIZES, Output, row
+from .output import SIZES, Output, capture_each, row
 from .processes import DesktopError, wait_until
 from .session import Session
 
@@ -26,11 +26,8 @@ class SwayControls:
         raise DesktopError("a headless sway has no pointer; press keys instead")
 
     def screenshot(self, folder, prefix="display-"):
-        os.makedirs(folder, exist_ok=True)
-        paths = [os.path.join(folder, f"{prefix}{number}.png") for number in range(1, len(self.outputs) + 1)]
-        for output, path in zip(self.outputs, paths):
-            self.run("grim", "-l", "1", "-o", output.name, path)
-        return paths
+        return capture_each(self.outputs, folder, prefix,
+                            lambda output, path: self.run("grim", "-l", "1", "-o", output.name, path))
 
     def read_outputs(self):
         outputs = json.loads(self.run("swaymsg", "-t", "get_outputs", "-r"))

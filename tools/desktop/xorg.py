@@ -5,7 +5,7 @@ configuration of our own."""
 import os
 import select
 
-from .output import SIZES, Output, row
+from .output import SIZES, Output, capture_each, row
 from .processes import DesktopError, wait_until
 from .session import Session
 
@@ -27,12 +27,10 @@ class XorgControls:
 
     def screenshot(self, folder, prefix="display-"):
         """Writes one picture per display, `folder`/`prefix`N.png, and returns their paths."""
-        os.makedirs(folder, exist_ok=True)
         whole = os.path.join(self.folder, "desktop.miff")
         self.run("import", "-silent", "-window", "root", whole)
-        paths = [os.path.join(folder, f"{prefix}{number}.png") for number in range(1, len(self.outputs) + 1)]
-        for output, path in zip(self.outputs, paths):
-            self.run("convert", whole, "-crop", output.geometry, "+repage", path)
+        paths = capture_each(self.outputs, folder, prefix, lambda output, path: self.run(
+            "convert", whole, "-crop", output.geometry, "+repage", path))
         os.unlink(whole)
         return paths
 
