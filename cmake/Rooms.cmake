@@ -26,7 +26,7 @@ set(QUORVANE_ROOMS
   "network/linux:core async network"
   "updates:core async posix network"
   "updates/linux:core async posix process network updates"
-  "model:core async ui/format process calendars calendars/records alert network"
+  "model:core async posix ui/format process calendars calendars/records alert network"
   "model/linux:core async ui/format process calendars calendars/records alert model"
   "ui/agenda:core async ui/format ui/components calendars/records model"
   "ui/calendars:core async ui/format ui/components calendars calendars/records model"

@@ -3,9 +3,11 @@
 
 #pragma once
 
+#include "posix/FileDescriptor.h"
+
 #include <QString>
 
-#include <ctime>
+#include <memory>
 
 namespace quorvane {
 
@@ -14,23 +16,17 @@ namespace quorvane {
 class FolderLock final
 {
 public:
-    /// How long a holder is waited for that does nothing in the folder, in milliseconds; a slow disk may take
-    /// that long for one file. After that, and on file systems without locks, the work goes on without: a
-    /// stopped program must not stop this one.
-    static constexpr int patience = 600;
-
-    /// The longest that holders are waited for that do work, one after the other, in milliseconds.
-    static constexpr int longestWait = 3000;
+    /// The longest that others are waited for, in milliseconds: on a slow disk each of them takes a while.
+    /// After that, and on file systems without locks, the work goes on without: a stopped program must not
+    /// stop this one.
+    static constexpr int patience = 2000;
 
     explicit FolderLock(const QString &folder);
     ~FolderLock();
     Q_DISABLE_COPY_MOVE(FolderLock)
 
 private:
-    /// When a file was last made, renamed or removed in the folder.
-    [[nodiscard]] timespec lastChange() const;
-
-    int m_descriptor = -1;
+    std::shared_ptr<const FileDescriptor> m_folder;
 };
 
 } // namespace quorvane
