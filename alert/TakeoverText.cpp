@@ -14,17 +14,17 @@ namespace {
 
 constexpr qint64 minute = 60;
 
-QString translated(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("TakeoverText", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(TakeoverText)
+};
 
 } // namespace
 
 QString clockText(qint64 secondsLeft)
 {
     if (secondsLeft < 1)
-        return translated("Now");
+        return Words::tr("Now");
     if (secondsLeft < minute)
         return QString::number(secondsLeft);
     return QStringLiteral("%1:%2")
@@ -35,26 +35,26 @@ QString clockText(qint64 secondsLeft)
 QString caption(qint64 secondsLeft)
 {
     if (secondsLeft >= minute)
-        return translated("minutes");
+        return Words::tr("minutes");
     if (secondsLeft > 1)
-        return translated("seconds");
+        return Words::tr("seconds");
     if (secondsLeft == 1)
-        return translated("second");
+        return Words::tr("second");
     const qint64 elapsed = -secondsLeft;
     if (elapsed < minute)
-        return translated("just started");
-    return translated("started %1 min ago").arg(elapsed / minute);
+        return Words::tr("just started");
+    return Words::tr("started %1 min ago").arg(elapsed / minute);
 }
 
 QString headline(qint64 secondsLeft)
 {
-    return secondsLeft < 1 ? translated("Your meeting has started") : translated("Your meeting starts in");
+    return secondsLeft < 1 ? Words::tr("Your meeting has started") : Words::tr("Your meeting starts in");
 }
 
 QString dialLabel(qint64 secondsLeft)
 {
-    return secondsLeft < 1 ? translated("The meeting has started")
-                           : translated("Starts in %1 seconds").arg(secondsLeft);
+    return secondsLeft < 1 ? Words::tr("The meeting has started")
+                           : Words::tr("Starts in %1 seconds").arg(secondsLeft);
 }
 
 bool isAnnounced(qint64 before, qint64 secondsLeft)
