@@ -31,8 +31,8 @@ class Contents(ReaderTest):
     def test_only_what_may_still_begin_for_the_user_is_listed(self):
         attendee = "ATTENDEE;PARTSTAT={}:mailto:{}"
         rows = [
-            (True, ["SUMMARY:x"], 3600), (True, ["SUMMARY:x"], -100), (False, ["SUMMARY:x"], -300),
-            (True, ["SUMMARY:x"], 14 * DAY - 60), (False, ["SUMMARY:x"], 14 * DAY + 60),
+            (True, ["SUMMARY:x"], 3600), (True, ["SUMMARY:x"], -5), (False, ["SUMMARY:x"], -121),
+            (True, ["SUMMARY:x"], 14 * DAY - 60), (False, ["SUMMARY:x"], 14 * DAY + 600),
             (False, ["STATUS:CANCELLED"], 3600), (True, ["STATUS:TENTATIVE"], 3600),
             (False, [f"DTSTART;VALUE=DATE:{stamp(DAY, '%Y%m%d')}"], 0),
             (False, [f"DTSTART:{stamp(3600)}"], 0),

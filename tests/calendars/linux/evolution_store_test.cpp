@@ -115,7 +115,7 @@ void EvolutionStoreTest::aStoppedCalendarServiceAnswersInTime()
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(read().error(), make_error_code(CalendarError::timedOut));
-    QVERIFY(timer.elapsed() < limit.count() + 300);
+    QVERIFY(timer.elapsed() < 2 * limit.count());
     QVERIFY(QCoro::waitFor(store->calendars()).has_value()); // known without the calendar service
 
     for (const qint64 process : processes)
@@ -148,7 +148,7 @@ void EvolutionStoreTest::aStoppedRegistryAnswersInTime()
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(QCoro::waitFor(other.calendars()).error(), make_error_code(CalendarError::timedOut));
-    QVERIFY(timer.elapsed() < limit.count() + 300);
+    QVERIFY(timer.elapsed() < 2 * limit.count());
     ::kill(static_cast<pid_t>(processes.constFirst()), SIGCONT);
     QTRY_VERIFY(QCoro::waitFor(other.calendars()).has_value());
 }

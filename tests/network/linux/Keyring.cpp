@@ -123,6 +123,6 @@ void Keyring::start(const QStringList &arguments, const QByteArray &input)
 void Keyring::waitFor(const QString &name) const
 {
     const auto isThere = [this, &name] { return bus().interface()->isServiceRegistered(name).value(); };
-    if (!QTest::qWaitFor(isThere, 10'000))
+    if (!QTest::qWaitFor(isThere, 30'000))
         qFatal("%s does not start", qPrintable(name));
 }
