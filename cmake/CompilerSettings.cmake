@@ -10,8 +10,9 @@ target_compile_options(quorvane_settings INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
   # Designated initialisers leave out what keeps its default.
   -Wno-missing-field-initializers
-  # clang tells of what libstdc++ 12 uses inside std::ranges::stable_sort.
-  $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>
+  # clang tells of what libstdc++ 12 uses inside std::ranges::stable_sort, and of the macro around a protocol's
+  # header that has an argument called "namespace".
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations -Wno-keyword-macro>
   # In a unity build every source is included, so what is unnamed in it looks as if a header had it.
   $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
   -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)

@@ -51,7 +51,7 @@ private:
         const QString body = request.mid(request.indexOf(u'{'));
         return QJsonDocument::fromJson(body.toUtf8())["events"_L1].toArray();
     }
-    [[nodiscard]] Meeting event(const QString &uid) const
+    [[nodiscard]] Meeting meetingOf(const QString &uid) const
     {
         for (const Meeting &meeting : f->model->calendarEvents()) {
             if (meeting.title == uid)
@@ -69,8 +69,8 @@ void ModelChoicesTest::aChoiceHoldsAtOnceAndAfterARestart()
     f->store->add(u"plain"_s, noon + 2000, QString());
     f->addSetting(u"[General]\nmanualMeetings=old"_s);
     start();
-    const Meeting video = event(u"video"_s);
-    const Meeting plain = event(u"plain"_s);
+    const Meeting video = meetingOf(u"video"_s);
+    const Meeting plain = meetingOf(u"plain"_s);
     QVERIFY(f->model->isScheduled(video) && !f->model->isScheduled(plain));
     QSignalSpy changed(f->model.get(), &AppModel::meetingsChanged);
     launch(f->model->setScheduled(video, Switch::off));
@@ -89,7 +89,7 @@ void ModelChoicesTest::switchingOffClosesTheAlertAndSilencesThePhone()
 {
     f->store->add(u"a"_s, noon + 60);
     start();
-    const Meeting meeting = event(u"a"_s);
+    const Meeting meeting = meetingOf(u"a"_s);
     QCOMPARE(f->shown(), meeting.id);
     f->model->snooze(meeting);
     f->tickAt(noon + 31);
@@ -105,7 +105,7 @@ void ModelChoicesTest::whatIsSwitchedOnAgainAlertsAnew()
 {
     f->store->add(u"a"_s, noon + 100);
     start();
-    const Meeting meeting = event(u"a"_s);
+    const Meeting meeting = meetingOf(u"a"_s);
     f->tickAt(noon + 1);
     QTRY_VERIFY(f->model->records().value(meeting.id).phoneSent);
     f->tickAt(noon + 40);
@@ -130,12 +130,12 @@ void ModelChoicesTest::aChoiceReachesTheServerAlsoDuringARefresh()
     QCOMPARE(uploaded().size(), 2);
     f->store->hangs = true;
     launch(f->model->refresh());
-    QCoro::Task<> chosen = f->model->setScheduled(event(u"a"_s), Switch::off);
+    QCoro::Task<> chosen = f->model->setScheduled(meetingOf(u"a"_s), Switch::off);
     QTest::qWait(50);
     f->store->hangs = false;
     Q_EMIT f->store->released();
     QCoro::waitFor(chosen);
-    QCOMPARE(uploaded(), QJsonArray{event(u"b"_s).toJson()});
+    QCOMPARE(uploaded(), QJsonArray{meetingOf(u"b"_s).toJson()});
     QVERIFY(f->model->scheduleSynced());
     QVERIFY(!f->model->notice());
 }
@@ -148,7 +148,7 @@ void ModelChoicesTest::aChoiceThatDidNotReachTheServerIsToldOf()
     f->store->add(u"a"_s, noon + 1000);
     start();
     f->server.tell({{"path"_L1, u"/snapshot"_s}, {"status"_L1, 500}});
-    QCoro::waitFor(f->model->setScheduled(event(u"a"_s), Switch::off));
+    QCoro::waitFor(f->model->setScheduled(meetingOf(u"a"_s), Switch::off));
     QCOMPARE(f->model->notice(),
              u"Saved on this Mac. Phone schedule has not synced yet. Reconnect and refresh."_s);
     QCoro::waitFor(f->model->addMeeting(u"Coffee"_s, noon + 500, 30, QString()));
@@ -156,14 +156,14 @@ void ModelChoicesTest::aChoiceThatDidNotReachTheServerIsToldOf()
     f->server.tell({{"path"_L1, u"/snapshot"_s}, {"body"_L1, uR"({"ok":true})"_s}});
     f->refresh();
     QVERIFY(!f->model->notice());
-    QCOMPARE(uploaded(), QJsonArray{event(u"Coffee"_s).toJson()});
+    QCOMPARE(uploaded(), QJsonArray{meetingOf(u"Coffee"_s).toJson()});
 }
 
 void ModelChoicesTest::anotherCopysChoiceCountsHere()
 {
     f->store->add(u"a"_s, noon + 60);
     start();
-    const Meeting meeting = event(u"a"_s);
+    const Meeting meeting = meetingOf(u"a"_s);
     QCOMPARE(f->shown(), meeting.id);
     Preferences other(f->dir.filePath(u"settings.ini"_s));
     QVERIFY(other.mergeMeetingChoices({{meeting.id, false}}));
@@ -175,7 +175,7 @@ void ModelChoicesTest::anAddedMeetingAlertsAndSurvivesARestart()
 {
     start();
     QCoro::waitFor(f->model->addMeeting(u" Coffee "_s, noon + 90, 45, u"https://zoom.us/j/1"_s));
-    const Meeting meeting = event(u"Coffee"_s);
+    const Meeting meeting = meetingOf(u"Coffee"_s);
     QCOMPARE(meeting.end, noon + 90 + 2700);
     QCOMPARE(f->model->manualMeetings(), std::vector<Meeting>{meeting});
     QCOMPARE(f->model->selectionOverrides().value(meeting.id), true);
@@ -228,7 +228,7 @@ void ModelChoicesTest::aKeyringLockedAtLoginKeepsItsMeetings()
     f->refresh();
     QTRY_COMPARE(
         ManualMeetingText::of(QString::fromUtf8(f->keyring.values[Secrets::manualMeetings])).meetings,
-        std::vector<Meeting>({kept, event(u"Coffee"_s)}));
+        std::vector<Meeting>({kept, meetingOf(u"Coffee"_s)}));
     QCOMPARE(f->model->scheduledMeetings().size(), 2u);
     QVERIFY(!f->model->notice());
     f->keyring.failure = std::make_error_code(std::errc::permission_denied); // and locked again later
@@ -259,7 +259,7 @@ void ModelChoicesTest::aDeletedMeetingIsGoneWhileItsAlertIsUp()
 {
     start();
     QCoro::waitFor(f->model->addMeeting(u"Coffee"_s, noon + 60, 30, QString()));
-    const Meeting meeting = event(u"Coffee"_s);
+    const Meeting meeting = meetingOf(u"Coffee"_s);
     QCOMPARE(f->shown(), meeting.id);
     launch(f->model->deleteManualMeeting(meeting));
     QCOMPARE(f->shown(), QString());
@@ -277,7 +277,7 @@ void ModelChoicesTest::aDeletedMeetingDoesNotComeBackFromTheServer()
     f->say(f->health());
     start();
     QCoro::waitFor(f->model->addMeeting(u"Coffee"_s, noon + 600, 30, QString()));
-    const Meeting meeting = event(u"Coffee"_s);
+    const Meeting meeting = meetingOf(u"Coffee"_s);
     f->say(f->health(), {meeting.toJson()});
     QCoro::waitFor(f->model->deleteManualMeeting(meeting));
     f->refresh();
@@ -288,11 +288,11 @@ void ModelChoicesTest::aLinkIsOpenedOrToldOf()
 {
     f->store->add(u"a"_s, noon + 1000);
     start();
-    f->model->join(event(u"a"_s));
+    f->model->join(meetingOf(u"a"_s));
     QCOMPARE(f->alert.opener.opened, QList<QUrl>{QUrl(u"https://zoom.us/j/1"_s)});
     QVERIFY(!f->model->notice());
     f->alert.opener.answer = false;
-    f->model->join(event(u"a"_s));
+    f->model->join(meetingOf(u"a"_s));
     QCOMPARE(f->model->notice(), u"The meeting link could not be opened. Check your default browser."_s);
     QCOMPARE(f->model->noticeKind(), NoticeKind::problem);
     f->model->dismissNotice();

@@ -178,7 +178,6 @@ void NetworkTest::anAlertFitsTheService()
 
 void NetworkTest::theServicesAnswerIsJudged()
 {
-    const QString receipt(30, u'R');
     const QList<std::pair<QString, std::error_code>> answers{
         {u"{\"status\":1,\"request\":[]}"_s, success},
         {u"{\"status\":1,\"receipt\":\"r\"}"_s, success},

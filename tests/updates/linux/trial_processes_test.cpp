@@ -60,7 +60,7 @@ void TrialProcessesTest::init()
 void TrialProcessesTest::live(Fate fate) const
 {
     VersionTrial trial = VersionTrial::begin(tree->seenBy(u"812"_s));
-    const auto begin = [this](const QString &executable) {
+    const auto begin = [](const QString &executable) {
         const QString resolved = QFileInfo(executable).canonicalFilePath();
         const VersionTrial again = VersionTrial::begin(*InstalledVersions::ofExecutable(resolved));
         const QByteArray program = QFile::encodeName(again.successor());
