@@ -319,7 +319,7 @@ void PanelsTest::manyAlertsLeaveNothingBehind()
 #endif
     malloc_trim(0);
     const qint64 growth = residentMemory() - memoryBefore;
-    QVERIFY2(growth < 8 * 1024, qPrintable(QStringLiteral("grew by %1 kB").arg(growth)));
+    QVERIFY2(growth < qint64{8} * 1024, qPrintable(QStringLiteral("grew by %1 kB").arg(growth)));
 }
 
 } // namespace quorvane

@@ -30,7 +30,8 @@ public:
         if (name.startsWith('@'))
             address.sun_path[0] = '\0';
         const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + std::size_t(name.size()));
-        if (::bind(m_socket.value(), reinterpret_cast<const sockaddr *>(&address), size) != 0)
+        if (!m_socket.isValid() ||
+            ::bind(m_socket.value(), reinterpret_cast<const sockaddr *>(&address), size) != 0)
             qFatal("bind: %s", std::strerror(errno));
         qputenv("NOTIFY_SOCKET", name);
     }
