@@ -12,9 +12,13 @@
 #include <QTest>
 
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <memory>
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -24,6 +28,20 @@ using namespace quorvane;
 using Condition = SettingsFile::Condition;
 
 Q_DECLARE_METATYPE(quorvane::SettingsFile::Condition)
+
+namespace {
+
+/// How long the disk takes to keep what was written, in milliseconds.
+std::atomic<unsigned> slowness{0};
+
+} // namespace
+
+/// Stands in for the C library's: disks are as slow as that where much else is going on.
+extern "C" int fdatasync(int file)
+{
+    ::usleep(1000 * slowness);
+    return static_cast<int>(::syscall(SYS_fdatasync, file));
+}
 
 class SettingsFileTest final : public QObject
 {
@@ -37,6 +55,7 @@ private Q_SLOTS:
     void aFullDiskLeavesTheDamagedFileInItsPlace();
     void aKilledWriterLeavesTheOldOrTheNewFile();
     void copiesThatWriteAtOnceLoseNothing();
+    void aStoppedCopyHoldsNobodyUp();
 
 private:
     void write(const QByteArray &bytes) const
@@ -158,7 +177,8 @@ void SettingsFileTest::aKilledWriterLeavesTheOldOrTheNewFile()
 
 void SettingsFileTest::copiesThatWriteAtOnceLoseNothing()
 {
-    constexpr int rounds = 40;
+    constexpr int rounds = 20;
+    slowness = 20;
     std::array<pid_t, 3> copies{};
     for (std::size_t copy = 0; copy < copies.size(); ++copy) {
         copies[copy] = fork([&] {
@@ -175,7 +195,31 @@ void SettingsFileTest::copiesThatWriteAtOnceLoseNothing()
     }
     for (const pid_t copy : copies)
         ::waitpid(copy, nullptr, 0);
+    slowness = 0;
     QCOMPARE(file->value(u"list"_s).toStringList().size(), int(copies.size()) * rounds);
+}
+
+void SettingsFileTest::aStoppedCopyHoldsNobodyUp()
+{
+    const pid_t copy = fork([this] {
+        (void)file->edit([]() -> SettingsFile::Changes {
+            ::pause();
+            return {};
+        });
+    });
+    const int folder = ::open(QFile::encodeName(dir->path()).constData(), O_RDONLY | O_DIRECTORY);
+    const auto isFree = [folder] {
+        return ::flock(folder, LOCK_EX | LOCK_NB) == 0 && ::flock(folder, LOCK_UN) == 0;
+    };
+    QTRY_VERIFY(!isFree());
+    for (const int value : {1, 2}) {
+        QVERIFY(file->edit([value] { return SettingsFile::Changes{{u"new"_s, value}}; }));
+        QCOMPARE(file->value(u"new"_s).toInt(), value);
+    }
+    ::kill(copy, SIGKILL);
+    ::waitpid(copy, nullptr, 0);
+    QTRY_VERIFY(isFree()); // also by those who waited
+    ::close(folder);
 }
 
 QTEST_GUILESS_MAIN(SettingsFileTest)
