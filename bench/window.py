@@ -1,13 +1,13 @@
 # SPDX-FileCopyrightText: 2026 The Quorvane authors
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""How soon the dashboard's window is there and what it leaves behind, by bench/window_bench.cpp."""
+"""How soon the dashboard's window is there and what it leaves behind, by bench/opening_window.cpp."""
 import json
 import os
 
 from desktop import ROOT, SwayDesktop, XorgDesktop
 from table import Figure, percentile
 
-PROGRAM = os.path.join(ROOT, "build/release/bench/window_bench")
+PROGRAM = os.path.join(ROOT, "build/release/bench/opening_window")
 MEETINGS = 2000
 PAINTED = 400  # ms
 LEFT_BEHIND = 1.15

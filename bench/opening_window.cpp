@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvane authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the dashboard's window costs: window_bench MEETINGS TIMES prints, as JSON, the milliseconds until it
+// What the dashboard's window costs: opening_window MEETINGS TIMES prints, as JSON, the milliseconds until it
 // was painted and the proportional memory in kB before, while and after it was open, for each time it is
 // opened.
 #include "alert/linux/DesktopPlatform.h"
