@@ -5,6 +5,7 @@
 // was painted and the proportional memory in kB before, while and after it was open, for each time it is
 // opened.
 #include "alert/linux/DesktopPlatform.h"
+#include "bench/TeamMeeting.h"
 #include "posix/UnusedMemory.h"
 #include "tests/support/ModelFixture.h"
 #include "ui/components/Appearance.h"
@@ -38,16 +39,8 @@ int proportionalMemory()
 PreviewContent busyDays(int meetings, double now)
 {
     PreviewContent content;
-    for (int i = 0; i < meetings; ++i) {
-        const double start = now + 600 + i * 14.0 * 86400 / meetings;
-        content.calendarEvents.push_back({.id = QString::number(i),
-                                          .title = u"Meeting %1 of the engineering team"_s.arg(i),
-                                          .start = start,
-                                          .end = start + 1800,
-                                          .calendar = u"Calendar %1"_s.arg(i % 7),
-                                          .joinURL = u"https://meet.google.com/abc-defg-hij"_s,
-                                          .source = Meeting::systemSource});
-    }
+    for (int i = 0; i < meetings; ++i)
+        content.calendarEvents.push_back(teamMeeting(i, now + 600 + i * 14.0 * 86400 / meetings));
     content.meetings = content.calendarEvents;
     return content;
 }

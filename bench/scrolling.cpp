@@ -4,6 +4,7 @@
 // What the agenda costs: scrolling [MEETINGS] prints, as JSON, the milliseconds of processor time that a
 // frame of scrolling takes with that many meetings and with ten, a refresh that brings one more, and a second
 // that only passes.
+#include "bench/TeamMeeting.h"
 #include "tests/support/ModelFixture.h"
 #include "tests/support/ViewPicture.h"
 #include "ui/agenda/Agenda.h"
@@ -48,14 +49,7 @@ struct Window
 
     void add(int number, double after)
     {
-        const double start = ModelFixture::noon + after;
-        content.calendarEvents.push_back({.id = QString::number(number),
-                                          .title = u"Meeting %1 of the engineering team"_s.arg(number),
-                                          .start = start,
-                                          .end = start + 1800,
-                                          .calendar = u"Calendar %1"_s.arg(number % 7),
-                                          .joinURL = u"https://meet.google.com/abc-defg-hij"_s,
-                                          .source = Meeting::systemSource});
+        content.calendarEvents.push_back(teamMeeting(number, ModelFixture::noon + after));
     }
 
     void refresh()
